@@ -1,0 +1,21 @@
+# Compiler flags of our own code. Qt and the other libraries come in as system headers.
+add_library(veltrano_flags INTERFACE)
+target_compile_options(veltrano_flags INTERFACE
+    -Wall -Wextra -Wconversion -Wdouble-promotion -Werror
+    # Readings are the same on every machine: no fused multiply-add, no reordering.
+    -ffp-contract=off)
+target_link_libraries(veltrano_flags INTERFACE Threads::Threads)
+
+if(VELTRANO_SANITIZER STREQUAL "address")
+    # float-cast-overflow is not part of "undefined": it catches NaN or infinity to integer.
+    set(sanitize -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+elseif(VELTRANO_SANITIZER STREQUAL "thread")
+    set(sanitize -fsanitize=thread)
+elseif(VELTRANO_SANITIZER STREQUAL "realtime")
+    set(sanitize -fsanitize=realtime)
+endif()
+if(sanitize)
+    add_compile_options(${sanitize} -fno-omit-frame-pointer -g)
+    add_link_options(${sanitize})
+    add_compile_definitions(VELTRANO_SANITIZED)
+endif()

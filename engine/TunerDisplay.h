@@ -12,14 +12,35 @@ namespace veltrano {
 
 /// The text fields of the tuner window.
 enum class TunerText {
-    inputDevice, frequency, note, level, referencePitch, accidental, octave, cent,
-    frequencyDiff, idealFrequency, stretchOffset, tuningName, stretchName,
+    inputDevice,
+    frequency,
+    note,
+    level,
+    referencePitch,
+    accidental,
+    octave,
+    cent,
+    frequencyDiff,
+    idealFrequency,
+    stretchOffset,
+    tuningName,
+    stretchName,
 };
 constexpr int kTunerTexts = 13;
 
 /// The lights of the tuner window; level0 is the lowest.
 enum class TunerLight {
-    level0, level1, level2, level3, level4, level5, level6, level7, flat, inTune, sharp,
+    level0,
+    level1,
+    level2,
+    level3,
+    level4,
+    level5,
+    level6,
+    level7,
+    flat,
+    inTune,
+    sharp,
 };
 constexpr int kTunerLights = 11;
 constexpr int kLevelLights = 8;

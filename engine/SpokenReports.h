@@ -12,7 +12,7 @@ namespace spoken_reports {
 
 /// What the fields show.
 struct Shown {
-    std::string note, accidental, octave, cent, frequency;
+    std::string note{}, accidental{}, octave{}, cent{}, frequency{};
     int inTuneThreshold = 3; ///< [cents]
 };
 

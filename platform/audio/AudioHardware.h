@@ -74,6 +74,7 @@ constexpr Status kOk = 0;
 constexpr Status kBadDevice = -1;    ///< no such device, or it is gone
 constexpr Status kNotSupported = -2; ///< the device has no such property or side
 constexpr Status kNotAdded = -3;     ///< the I/O procedure or listener was never added
+constexpr Status kNotStarted = -4;   ///< the device is not running
 } // namespace audio_status
 
 } // namespace veltrano

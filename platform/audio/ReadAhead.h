@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reads a recording ahead of the thread that plays it.
+#pragma once
+
+#include "platform/audio/Recording.h"
+#include "platform/realtime/SpscRing.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <thread>
+#include <vector>
+
+namespace veltrano {
+
+/// About half a second of sound in blocks, filled by a thread that may wait for the disk.
+///
+/// Thread: front(), pop() and isAtEnd() on the playing thread: they never wait, lock or allocate.
+/// Allocates: in the constructor, which also fills all blocks.
+/// Owns: the blocks; the recording is the owner's and is not to be touched meanwhile.
+class ReadAhead {
+public:
+    struct Block {
+        std::span<float> interleaved; ///< whole sample frames; shorter only at the end
+        std::int64_t frames = 0;      ///< 1 ... framesPerBlock
+    };
+
+    ReadAhead(Recording& recording, int framesPerBlock);
+    ~ReadAhead();
+    ReadAhead(const ReadAhead&) = delete;
+    ReadAhead& operator=(const ReadAhead&) = delete;
+
+    /// The next block, valid until pop(); null when none is ready.
+    const Block* front() noexcept;
+    /// Gives the front block back. Only after front() has answered one.
+    void pop() noexcept;
+    /// Whether front() stays null for ever.
+    bool isAtEnd() noexcept;
+
+private:
+    /// Fills free blocks until there is none or the recording ends; false at the end.
+    bool fill();
+    void run();
+
+    static constexpr double kSecondsAhead = 0.5;
+    static constexpr std::size_t kMinBlocks = 8;
+
+    Recording& mRecording;
+    const std::size_t mSamplesPerBlock; ///< all channels
+    const std::size_t mBlockCount;
+    std::vector<float> mStorage;
+    std::vector<Block> mBlocks; ///< by slot; written by the reading thread while it holds the slot
+    SpscRing<std::uint32_t> mFull;
+    SpscRing<std::uint32_t> mFree;
+    std::optional<std::uint32_t> mFront;  ///< playing thread
+    std::atomic<bool> mHasReadAll{false}; ///< written by the reading thread
+
+    std::mutex mMutex;
+    std::condition_variable mEnding;
+    bool mIsEnding = false; ///< guarded by mMutex
+    std::thread mThread;
+};
+
+} // namespace veltrano

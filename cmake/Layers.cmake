@@ -43,13 +43,14 @@ function(veltrano_library target)
     endif()
 endfunction()
 
-# veltrano_test(<target> SOURCES ... [LINKS ...] [LABELS ...] [TIMEOUT s]): the test program
-# <target>_tests of one library, linked with that library alone (LINKS is for test helpers).
+# veltrano_test(<target> SOURCES ... [LINKS ...] [LABELS ...] [TIMEOUT s] [COMMA_LOCALE]): the test
+# program <target>_tests of one library, linked with that library alone (LINKS is for test helpers).
+# With COMMA_LOCALE it is run a second time where numbers are written with a comma.
 function(veltrano_test target)
     if(NOT VELTRANO_TESTS)
         return()
     endif()
-    cmake_parse_arguments(arg "" "TIMEOUT;NAME" "SOURCES;LINKS;LABELS" ${ARGN})
+    cmake_parse_arguments(arg "COMMA_LOCALE" "TIMEOUT;NAME" "SOURCES;LINKS;LABELS" ${ARGN})
     if(NOT arg_NAME)
         set(arg_NAME ${target}_tests)
     endif()
@@ -58,7 +59,13 @@ function(veltrano_test target)
     endif()
     add_executable(${arg_NAME} ${arg_SOURCES})
     target_link_libraries(${arg_NAME} PRIVATE veltrano_flags ${target} ${arg_LINKS} GTest::gtest)
-    if(NOT arg_LINKS MATCHES "own_main")
+    if(arg_COMMA_LOCALE)
+        target_link_libraries(${arg_NAME} PRIVATE tests_comma_locale_main)
+        add_test(NAME ${arg_NAME}_comma_locale
+            COMMAND ${arg_NAME} --comma-locale=${CMAKE_BINARY_DIR}/locale)
+        set_tests_properties(${arg_NAME}_comma_locale PROPERTIES TIMEOUT ${arg_TIMEOUT}
+            LABELS "${arg_LABELS}" SKIP_RETURN_CODE 77 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    elseif(NOT arg_LINKS MATCHES "own_main")
         target_link_libraries(${arg_NAME} PRIVATE GTest::gtest_main)
     endif()
     add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})

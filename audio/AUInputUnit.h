@@ -3,6 +3,7 @@
 #pragma once
 
 #include "audio/AUUnit.h"
+#include "audio/NamedDeviceUnit.h"
 
 #include <optional>
 #include <string>
@@ -19,7 +20,7 @@ namespace veltrano {
 /// device or its format is being changed here.
 /// Errors: what the hardware's calls answer is not looked at; a missing default device is logged.
 /// Owns: nothing; the procedures' client data and the controls must outlive it or be taken back.
-class AUInputUnit final : public AUUnit {
+class AUInputUnit final : public AUUnit, public NamedDeviceUnit {
 public:
     /// Builds the device list. No device is opened yet.
     explicit AUInputUnit(AUUnitRegistry& registry);
@@ -75,6 +76,7 @@ public:
     double sampleRate() const { return mInputStreamDescription.sampleRate; } ///< [Hz] 0: none yet
     /// nullopt: none was ever wanted. This is what the settings store.
     const std::optional<std::string>& inputDeviceName() const { return mDeviceName; }
+    std::optional<std::string> deviceName() const override { return mDeviceName; }
     bool isRunning() const { return mIsRunning; }
     DeviceId inputDevice() const { return mInputDevice; }
     const DeviceList& deviceList() const { return mAudioInputSourceArray; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/LenientNumber.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -19,7 +20,8 @@ struct Signed {
 };
 
 Signed splitSign(std::string_view text) {
-    while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
     if (text.empty() || (text.front() != '+' && text.front() != '-')) return {false, text};
     return {text.front() == '-', text.substr(1)};
 }
@@ -31,14 +33,16 @@ bool startsNumber(std::string_view digits) {
     return digits.size() > 1 && digits.front() == '.' && isDigit(digits[1]);
 }
 
-/// from_chars leaves an out-of-range value untouched: the exponent's sign tells which way it went.
+/// from_chars leaves an out-of-range value untouched; this tells which way it went.
+/// @param number digits with at most one point and an exponent, not in the range of any double
 bool underflows(std::string_view number) {
-    const std::size_t exponent = number.find_first_of("eE");
-    if (exponent != std::string_view::npos) {
-        return exponent + 1 < number.size() && number[exponent + 1] == '-';
-    }
-    const std::size_t significant = number.find_first_not_of('0');
-    return significant != std::string_view::npos && number[significant] == '.';
+    const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, e);
+    const std::size_t significant = digits.find_first_of("123456789");
+    if (significant == std::string_view::npos) return true; // a zero, whatever its exponent
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const auto magnitude = static_cast<long long>(point) - static_cast<long long>(significant);
+    return magnitude + lenientInt(number.substr(std::min(e + 1, number.size()))) < 0;
 }
 
 template <class T>

@@ -21,6 +21,7 @@ int lenientInt(std::string_view text);
 
 /// @p value with exactly @p decimals digits after the point, correctly rounded, always with a
 /// point. "inf" and "nan" for values that are no numbers.
+/// @param decimals 0 ... 80
 std::string fixedDecimals(double value, int decimals);
 
 } // namespace veltrano

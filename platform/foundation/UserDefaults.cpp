@@ -95,13 +95,25 @@ void UserDefaults::registerDefault(std::string_view key, const QVariant& value) 
 }
 
 bool UserDefaults::hasStored(std::string_view key) const {
-    return mSettings->contains(toQString(key));
+    return stored(toQString(key)).isValid();
+}
+
+QVariant UserDefaults::stored(const QString& name) const {
+    return mSettings ? mSettings->value(name) : mMemory.value(name);
+}
+
+void UserDefaults::store(std::string_view key, const QVariant& value) {
+    if (mSettings) {
+        mSettings->setValue(toQString(key), value);
+    } else {
+        mMemory.insert(toQString(key), value);
+    }
 }
 
 QVariant UserDefaults::value(std::string_view key) const {
     const QString name = toQString(key);
-    const QVariant stored = mSettings->value(name);
-    return stored.isValid() ? stored : mRegistered.value(name);
+    const QVariant found = stored(name);
+    return found.isValid() ? found : mRegistered.value(name);
 }
 
 float UserDefaults::floatForKey(std::string_view key) const {
@@ -127,24 +139,28 @@ std::optional<std::string> UserDefaults::stringForKey(std::string_view key) cons
 }
 
 void UserDefaults::setFloat(std::string_view key, float value) {
-    mSettings->setValue(toQString(key), shortest(value));
+    store(key, shortest(value));
 }
 
 void UserDefaults::setInteger(std::string_view key, int value) {
-    mSettings->setValue(toQString(key), value);
+    store(key, value);
 }
 
 void UserDefaults::setBool(std::string_view key, bool value) {
-    mSettings->setValue(toQString(key), value);
+    store(key, value);
 }
 
 void UserDefaults::setString(std::string_view key, std::string_view utf8) {
-    mSettings->setValue(toQString(key), toQString(utf8));
+    store(key, toQString(utf8));
 }
 
-void UserDefaults::remove(std::string_view key) { mSettings->remove(toQString(key)); }
+void UserDefaults::remove(std::string_view key) {
+    if (mSettings) mSettings->remove(toQString(key));
+    mMemory.remove(toQString(key));
+}
 
 bool UserDefaults::synchronize() {
+    if (!mSettings) return true;
     mSettings->sync();
     return mSettings->status() == QSettings::NoError;
 }

@@ -24,6 +24,8 @@ public:
     UserDefaults();
     /// Another file (tests, portable use); it need not exist.
     explicit UserDefaults(const QString& path);
+    /// No file at all: what a first run would find, forgotten at the end.
+    static UserDefaults inMemory() { return UserDefaults(InMemory{}); }
 
     /// What a missing value of @p key reads as.
     void registerDefault(std::string_view key, const QVariant& value);
@@ -43,9 +45,14 @@ public:
     bool synchronize();
 
 private:
+    struct InMemory {};
+    explicit UserDefaults(InMemory) {}
     QVariant value(std::string_view key) const;
+    QVariant stored(const QString& name) const;
+    void store(std::string_view key, const QVariant& value);
 
-    std::unique_ptr<QSettings> mSettings;
+    std::unique_ptr<QSettings> mSettings; ///< null: mMemory is the store
+    QHash<QString, QVariant> mMemory;
     QHash<QString, QVariant> mRegistered;
 };
 

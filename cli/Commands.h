@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands of veltrano-cli.
+#pragma once
+
+#include <QStringList>
+
+namespace veltrano {
+
+/// Each takes its arguments with the command's own name first and answers the exit code.
+/// Thread: main, with a QCoreApplication.
+
+/// The readings of a recording, a line per frame or per note.
+int runAnalyze(const QStringList& arguments);
+
+} // namespace veltrano

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tuner's settings as options of a command.
+#pragma once
+
+#include <QCommandLineParser>
+#include <QStringList>
+#include <optional>
+#include <string>
+
+namespace veltrano {
+
+class Preferences;
+
+/// What a command line says of the tuner; what it does not say is as on a first run.
+struct TunerOptions {
+    std::optional<double> referencePitchHz; ///< of A4
+    std::optional<int> tonic;               ///< 0 (C) ... 11
+    std::optional<int> inTuneThreshold;     ///< [cents] >= 0
+
+    /// Declares the options on @p parser.
+    static void declare(QCommandLineParser& parser);
+    /// Reads them. On a bad value returns nullopt and sets @p error to one line.
+    static std::optional<TunerOptions> read(const QCommandLineParser& parser, QString& error);
+
+    void applyTo(Preferences& preferences) const;
+};
+
+/// Whether readings are wanted as JSON objects or as a table.
+/// @param parser with the options that declareFormat() declared; JSON unless standard output is a
+///        terminal or a table is asked for
+bool isTableWanted(const QCommandLineParser& parser);
+void declareFormat(QCommandLineParser& parser);
+
+/// Parses the arguments of one command, with --help and --version.
+/// @param arguments the command's name first
+/// @return the exit code with which the command is done already, or nothing to go on
+std::optional<int> parseCommand(QCommandLineParser& parser, const QStringList& arguments);
+
+} // namespace veltrano

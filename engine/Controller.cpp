@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Start and stop, the input device, the settings' announcements.
+#include "engine/Controller.h"
+
+#include "engine/NumberTexts.h"
+#include "engine/PartialAnalysis.h"
+#include "platform/foundation/LenientNumber.h"
+#include "platform/foundation/Log.h"
+#include "platform/foundation/NotificationNames.h"
+#include "settings/Preferences.h"
+
+#include <QSocketNotifier>
+#include <limits>
+
+namespace veltrano {
+
+namespace {
+
+/// A value that no deviation has: the first deviation is always written.
+constexpr std::int32_t kNoDisplayCent = std::numeric_limits<std::int32_t>::min();
+
+} // namespace
+
+Controller::Controller(const ControllerPorts& ports)
+    : mPorts(ports), mRoad(ports.frameSlots),
+      mFramesArrived(new QSocketNotifier(mRoad.descriptor(), QSocketNotifier::Read, this)),
+      mDisplayCent(kNoDisplayCent) {
+    connect(mFramesArrived, &QSocketNotifier::activated, this, &Controller::serveFrames);
+}
+
+Controller::~Controller() {
+    if (mAUInputUnit && mAUInputUnit->isRunning()) mAUInputUnit->stop();
+}
+
+void Controller::awakeFromNib() {
+    Preferences& prefs = mPorts.preferences;
+    mAUInputUnit = std::make_unique<AUInputUnit>(mPorts.registry);
+    prefs.setController(this);
+    // An input chosen for this run only is not to be saved: the settings do not see the unit.
+    if (!mPorts.inputDeviceForThisRun) prefs.setAUInputUnit(mAUInputUnit.get());
+    if (mPorts.soundGen) prefs.setSoundGen(mPorts.soundGen);
+
+    mReferencePitch = static_cast<float>(prefs.referencePitch());
+    firstLaunch = prefs.firstLaunch();
+    if (firstLaunch && mPorts.windows) mPorts.windows->centerWindows();
+    updateTunerUI(true);
+    setLevelMeter();
+    updateReferencePitch();
+    mPorts.display.setMeterThreshold(prefs.inTuneThreshold());
+    mPorts.display.setMeterEnabled(!prefs.manualMode());
+    updateTuningName();
+    updateStretchName();
+    observeSettings();
+    mDisplayCent = kNoDisplayCent;
+    selectDevices();
+}
+
+void Controller::applicationDidFinishLaunching() {
+    if (!mPorts.windows) return;
+    mPorts.windows->showTunerWindow();
+    if (firstLaunch) mPorts.windows->showHelp();
+}
+
+void Controller::applicationWillTerminate() {
+    mAUInputUnit->stop();
+    mObservations.clear();
+    mPorts.preferences.savePreferences();
+}
+
+void Controller::applicationDidHide() { mAUInputUnit->stop(); }
+
+void Controller::applicationDidUnhide() { mAUInputUnit->start(); }
+
+void Controller::observeSettings() {
+    const auto observe = [this](std::string_view name, void (Controller::*handler)()) {
+        mObservations.push_back(mPorts.notifications.observe(
+            name, [this, handler](const std::any&) { (this->*handler)(); }));
+    };
+    observe(notification::kReferencePitch, &Controller::referencePitchNotification);
+    observe(notification::kTemperamentChanged, &Controller::temperamentChangedNotification);
+    observe(notification::kStretchChanged, &Controller::stretchChangedNotification);
+    observe(notification::kInTuneThresholdChanged, &Controller::inTuneThresholdChangedNotification);
+    observe(notification::kManualModeChanged, &Controller::manualModeChangedNotification);
+}
+
+void Controller::referencePitchNotification() {
+    mReferencePitch = static_cast<float>(mPorts.preferences.referencePitch());
+    updateReferencePitch();
+    updateTunerUI(true);
+}
+
+void Controller::temperamentChangedNotification() {
+    updateTuningName();
+    updateTunerUI(true);
+}
+
+void Controller::stretchChangedNotification() {
+    updateStretchName();
+    updateTunerUI(true);
+}
+
+void Controller::inTuneThresholdChangedNotification() {
+    mPorts.display.setMeterThreshold(mPorts.preferences.inTuneThreshold());
+    updateTunerUI(true);
+}
+
+void Controller::manualModeChangedNotification() {
+    mPorts.display.setMeterEnabled(!mPorts.preferences.manualMode());
+    updateTunerUI(true);
+}
+
+void Controller::updateReferencePitch() {
+    mPorts.display.setText(TunerText::referencePitch,
+                           "A4 = " + fixedDecimals(double(mReferencePitch), 3) + "Hz");
+}
+
+void Controller::updateTuningName() {
+    mPorts.display.setText(TunerText::tuningName, mPorts.preferences.tuningNameString());
+    mPorts.display.setTip(TunerText::tuningName, mPorts.preferences.tuningToolTipString());
+}
+
+void Controller::updateStretchName() {
+    mPorts.display.setText(TunerText::stretchName, mPorts.preferences.stretchNameString());
+    mPorts.display.setTip(TunerText::stretchName, mPorts.preferences.stretchToolTipString());
+}
+
+void Controller::selectDevices() {
+    mAUInputUnit->setIOProc(&Controller::inputIOProc, this);
+    mAUInputUnit->setListenerProc(&Controller::listenerProc, this);
+    const std::optional<std::string>& forThisRun = mPorts.inputDeviceForThisRun;
+    mAUInputUnit->setInputDeviceWithName(forThisRun ? forThisRun
+                                                    : mPorts.preferences.inputDeviceName());
+    inputDevicePopupChanged();
+}
+
+void Controller::inputDevicePopupChanged() {
+    takeSampleRate();
+    mPorts.display.setText(TunerText::inputDevice, mAUInputUnit->inputDeviceName().value_or(""));
+}
+
+void Controller::takeSampleRate() {
+    mSampleRate = static_cast<float>(mAUInputUnit->sampleRate());
+    const bool isRefused = double(mSampleRate) > FrameAssembler::kMaxSampleRateHz;
+    if (isRefused) {
+        mPorts.log.detail("Sample rate refused: " + fixedDecimals(double(mSampleRate), 0) +
+                          " Hz is above 384000 Hz.");
+    }
+    mRoad.setSampleRate(isRefused ? 0.0f : mSampleRate);
+    mPorts.display.setStrobeSampleRate(mSampleRate);
+    if (mPorts.partials) mPorts.partials->setSampleRate(mSampleRate);
+}
+
+Status Controller::inputIOProc(DeviceId, const AudioTimeStamp*, const AudioBufferList* input,
+                               const AudioTimeStamp* inputTime, AudioBufferList*,
+                               const AudioTimeStamp*,
+                               void* controller) noexcept VELTRANO_NONBLOCKING {
+    static_cast<Controller*>(controller)->mRoad.receive(*input, inputTime->sampleTime);
+    return audio_status::kOk;
+}
+
+Status Controller::listenerProc(DeviceId, std::uint32_t, bool isInput, PropertyCode,
+                                void* refCon) noexcept {
+    if (!isInput) return audio_status::kOk;
+    auto& controller = *static_cast<Controller*>(refCon);
+    // The device may have been replaced by another one.
+    TunerDisplay& display = controller.mPorts.display;
+    const std::string name = controller.mAUInputUnit->inputDeviceName().value_or("");
+    if (display.text(TunerText::inputDevice) != name) display.setText(TunerText::inputDevice, name);
+    if (controller.mAUInputUnit->sampleRate() != double(controller.mSampleRate)) {
+        controller.takeSampleRate();
+    }
+    return audio_status::kOk;
+}
+
+void Controller::serveFrames() {
+    mRoad.clearWakeUp();
+    while (const FrameRef frame = mRoad.take())
+        updateUI(frame);
+    logDroppedFrames();
+}
+
+void Controller::logDroppedFrames() {
+    const std::uint64_t dropped = mRoad.dropped();
+    if (dropped == mLoggedDropped) return;
+    mPorts.log.detail("The display was late: " + std::to_string(dropped - mLoggedDropped) +
+                      " frames of input were dropped.");
+    mLoggedDropped = dropped;
+}
+
+Controller::Snapshot Controller::snapshot() const {
+    return {mFrameRawFrequency, mRawPeak, mFrequency, mPeak, mCent, mShown, mRoad.dropped()};
+}
+
+} // namespace veltrano

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tuner: takes frames, brings every display up to date, answers changes of the settings.
+#pragma once
+
+#include "audio/AUInputUnit.h"
+#include "engine/ControllerPorts.h"
+#include "engine/FrameRoad.h"
+#include "engine/NoteEvaluation.h"
+#include "engine/SpokenReports.h"
+#include "engine/TunerDisplay.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "settings/InputDeviceListener.h"
+
+#include <QObject>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QSocketNotifier;
+
+namespace veltrano {
+
+/// The application's controller. Each operation asks a small class and tells a port.
+///
+/// Thread: main, but for inputIOProc. There is no timer: the arrival of frames is the clock, and
+/// deadlines are compared with the time of each frame.
+/// Owns: the input unit and the road of frames. Lifecycle: awakeFromNib() once, then
+/// applicationDidFinishLaunching(), at the end applicationWillTerminate().
+class Controller : public QObject, public InputDeviceListener {
+    Q_OBJECT
+public:
+    explicit Controller(const ControllerPorts& ports);
+    ~Controller() override;
+
+    // Start and stop
+    void awakeFromNib();
+    void applicationDidFinishLaunching();
+    void applicationWillTerminate();
+    void applicationDidHide();   ///< stops the input
+    void applicationDidUnhide(); ///< starts it again
+
+    // Input
+    /// Audio thread: one block of the input device.
+    static Status inputIOProc(DeviceId, const AudioTimeStamp*, const AudioBufferList* input,
+                              const AudioTimeStamp* inputTime, AudioBufferList*,
+                              const AudioTimeStamp*,
+                              void* controller) noexcept VELTRANO_NONBLOCKING;
+    /// Main thread: a property of the input device changed.
+    static Status listenerProc(DeviceId, std::uint32_t channel, bool isInput, PropertyCode,
+                               void* controller) noexcept;
+    /// The settings have switched the input device.
+    void inputDevicePopupChanged() override;
+    /// Serves every frame that waits; the event loop calls it when one arrives.
+    void serveFrames();
+
+    // One update cycle
+    void updateUI(FrameRef frame);
+    void updateTunerUI(bool update);
+    void setTuningMeter(float deviation); ///< [semitones]
+    void setLevelMeter();
+
+    // Manual mode and sound-back
+    void manualModeUI();
+    void updateSoundBack(bool force);
+
+    // Spoken reports
+    void speak(const std::string& text);
+    void iaSpeakStatus();
+    void iaSpeakDetails();
+    void iaSpeakTune();
+    void iaSpeakHertz();
+
+    AUInputUnit& inputUnit() { return *mAUInputUnit; }
+
+    float sampleRate() const { return mSampleRate; } ///< [Hz] of the input device
+
+    /// What the cycle holds, for records of it.
+    struct Snapshot {
+        float rawFrequency; ///< [Hz] this frame's estimate as the detector wrote it, 0 without one
+        float rawPeak;
+        float frequency;                  ///< [Hz] smoothed
+        int peak;                         ///< [dB above the 16-bit floor]
+        float cent;                       ///< [semitones] shown last
+        std::optional<NoteReading> shown; ///< empty before the first
+        std::uint64_t droppedFrames;
+    };
+    Snapshot snapshot() const;
+
+private:
+    void detectPitch(const Frame& frame);
+    void acceptRawFrequency(double now);
+    void showWaveform(const FrameRef& frame);
+    void holdPeak(double now);
+    void takeSampleRate();
+    void logDroppedFrames();
+    void observeSettings();
+    void referencePitchNotification();
+    void temperamentChangedNotification();
+    void stretchChangedNotification();
+    void inTuneThresholdChangedNotification();
+    void manualModeChangedNotification();
+    void selectDevices();
+
+    TuningChoice tuningChoice() const;
+    void showReading(const NoteReading& reading);
+    void showSpelling(int key);
+    void setNumber(TunerText field, int value);
+    void updateCentText(std::int32_t tenths);
+    void updateReferencePitch();
+    void updateTuningName();
+    void updateStretchName();
+    void speakReading();
+    spoken_reports::Shown shownTexts() const;
+    void speakStatusTimer();
+    void speakDetailsTimer();
+
+    const ControllerPorts mPorts;
+    FrameRoad mRoad;
+    std::unique_ptr<AUInputUnit> mAUInputUnit;
+    QSocketNotifier* mFramesArrived; ///< child of this
+    std::vector<NotificationCenter::Observation> mObservations;
+
+    float mSampleRate = 0;        ///< [Hz] of the input device
+    float mRawFrequency = 0;      ///< [Hz] newest estimate, consumed by the cycle
+    float mFrameRawFrequency = 0; ///< [Hz] the same, kept for records
+    float mRawPeak = 0;
+    std::int32_t mPeak = 0;
+    float mFrequency = 0;              ///< [Hz] smoothed
+    float mDisplayFrequency = 0;       ///< [Hz] shown last
+    float mReferencePitch = 0;         ///< [Hz] of A4
+    float mIdealFrequency = 0;         ///< [Hz] of the key shown last
+    float mCent = 0;                   ///< [semitones] shown last
+    std::int32_t mDisplayCent;         ///< [tenths of a cent] in the text
+    std::optional<NoteReading> mShown; ///< the reading shown last
+    double mNextTunerUpdateTime = 0;
+    double mNextPeakHoldTime = 0;
+    std::int32_t mPeakHold = 0;
+    std::int32_t mDisplayPeak = 0;
+    std::int32_t mDisplayPeakHold = 0;
+    std::uint64_t mLoggedDropped = 0;
+    bool firstLaunch = false;
+    bool pause = false; ///< kept: nothing sets it; a part that must suspend the analysis may
+};
+
+} // namespace veltrano

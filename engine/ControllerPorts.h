@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the controller needs of the rest of the program.
+#pragma once
+
+#include "platform/realtime/Frame.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace veltrano {
+
+class AUUnitRegistry;
+class Clock;
+class Log;
+class NotificationCenter;
+class PartialAnalysis;
+class Preferences;
+class SpeechPort;
+class ToneGenerator;
+class TunerDisplay;
+
+/// The windows as the controller sees them. Thread: main.
+class ApplicationWindows {
+public:
+    virtual ~ApplicationWindows() = default;
+    virtual void centerWindows() = 0;   ///< on the first launch
+    virtual void showTunerWindow() = 0; ///< key and front
+    virtual void showHelp() = 0;
+};
+
+/// Hears of every update cycle: the recording's own clock, the command line's records, pictures.
+/// Thread: main.
+class FrameObserver {
+public:
+    virtual ~FrameObserver() = default;
+    virtual void willUpdate(const Frame& frame) = 0;
+    virtual void didUpdate(const Frame& frame) = 0;
+};
+
+/// None of it is owned; all of it outlives the controller. A null pointer stands for a facility
+/// that is not there: nothing is sent to it.
+struct ControllerPorts {
+    AUUnitRegistry& registry;
+    Preferences& preferences;
+    NotificationCenter& notifications;
+    const Clock& clock;
+    Log& log;
+    TunerDisplay& display;
+    ApplicationWindows* windows = nullptr;
+    SpeechPort* speech = nullptr;
+    PartialAnalysis* partials = nullptr;
+    ToneGenerator* soundGen = nullptr;
+    FrameObserver* frames = nullptr;
+    /// An input device for this run only: it is selected instead of the saved one and not saved.
+    std::optional<std::string> inputDeviceForThisRun{};
+    /// Frames that may wait for the main thread.
+    std::size_t frameSlots = 32;
+};
+
+} // namespace veltrano

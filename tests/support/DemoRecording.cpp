@@ -13,6 +13,7 @@ namespace {
 using namespace veltrano;
 
 constexpr unsigned kRateHz = 44100;
+constexpr double kLongStrings = 0.3; ///< a concert grand's are less stiff than most
 
 struct Note {
     int key;
@@ -37,6 +38,7 @@ void appendNote(std::vector<float>& recording, const Note& note, std::uint64_t s
     PianoNote piano;
     piano.key = note.key;
     piano.centsOff = note.cents;
+    piano.inharmonicity = kLongStrings * piano.stiffness();
     piano.sampleRate = kRateHz;
     piano.seconds = note.seconds;
     piano.releaseSeconds = 0.15;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/audio/BlockPacer.h"
 
+#include "platform/audio/BlockSchedule.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
@@ -45,22 +47,15 @@ void BlockPacer::stop() {
 
 void BlockPacer::run() noexcept {
     constexpr double kLongestSleep = 0.05; // so that stop() never waits for a long block
-    double begin = monotonicSeconds();
-    double blocks = 0; // since begin, so that the deadlines are products, not sums
+    BlockSchedule schedule(mBlockSeconds);
+    schedule.begin(monotonicSeconds());
     while (!mIsEnding.load(std::memory_order_relaxed)) {
-        const double deadline = begin + (blocks + 1) * mBlockSeconds;
         const double now = monotonicSeconds();
-        if (now < deadline) {
-            sleepUntil(std::min(deadline, now + kLongestSleep));
-            continue;
-        }
-        if (now - deadline > kLateSeconds) {
-            begin = now;
-            blocks = 0;
+        if (schedule.takeDue(now)) {
+            mTarget.onBlockDue();
         } else {
-            blocks += 1;
+            sleepUntil(std::min(schedule.deadline(), now + kLongestSleep));
         }
-        mTarget.onBlockDue();
     }
 }
 

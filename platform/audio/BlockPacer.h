@@ -7,7 +7,7 @@
 
 namespace veltrano {
 
-/// Calls its target once per block length, by absolute deadlines, so that lateness does not add up.
+/// Calls its target once per block length, by the deadlines of BlockSchedule.
 ///
 /// Thread: start() and stop() on the main thread; the target is called on the pacer's own thread.
 /// Allocates: only in start().
@@ -19,10 +19,6 @@ public:
         /// One block length of time has passed. Must not block, lock or allocate.
         virtual void onBlockDue() noexcept = 0;
     };
-
-    /// A pacer that is later than this (the machine slept, the process was stopped) lets the
-    /// missed blocks go instead of delivering them in a burst.
-    static constexpr double kLateSeconds = 0.25;
 
     /// @param target must outlive this object
     /// @param blockSeconds length of a block, > 0

@@ -43,9 +43,39 @@ function(veltrano_library target)
     endif()
 endfunction()
 
-# veltrano_test(<target> SOURCES ... [LINKS ...] [LABELS ...] [TIMEOUT s] [COMMA_LOCALE]): the test
-# program <target>_tests of one library, linked with that library alone (LINKS is for test helpers).
-# With COMMA_LOCALE it is run a second time where numbers are written with a comma.
+# veltrano_test(<target> SOURCES ... [NAME name] [LINKS ...] [LABELS ...] [TIMEOUT s] [COMMA_LOCALE]):
+# the test program <target>_tests of one library, linked with that library alone (LINKS is for test
+# helpers). With COMMA_LOCALE it is run a second time where numbers are written with a comma.
+# A program labelled "soak" does more when VELTRANO_SOAK is set, as the target "soak" does.
+# "all_tests" builds every program that the suite of this preset runs.
+add_custom_target(all_tests)
+
+# The thread sanitizer runs what threads share; the real-time sanitizer runs the road of a block.
+set(VELTRANO_THREADED platform_audio platform_foundation platform_realtime engine)
+
+function(veltrano_is_in_suite result target labels)
+    set(${result} TRUE PARENT_SCOPE)
+    if(VELTRANO_SANITIZER STREQUAL "thread" AND NOT target MATCHES "_core$"
+       AND NOT target IN_LIST VELTRANO_THREADED)
+        set(${result} FALSE PARENT_SCOPE)
+    elseif(VELTRANO_SANITIZER STREQUAL "realtime" AND NOT "realtime" IN_LIST labels)
+        set(${result} FALSE PARENT_SCOPE)
+    endif()
+endfunction()
+
+function(veltrano_add_run name timeout labels)
+    add_test(NAME ${name} COMMAND ${ARGN})
+    set(environment "QT_QPA_PLATFORM=offscreen")
+    if(VELTRANO_SANITIZER STREQUAL "thread")
+        list(APPEND environment
+            "TSAN_OPTIONS=halt_on_error=1 suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    elseif(VELTRANO_SANITIZER STREQUAL "address")
+        list(APPEND environment "UBSAN_OPTIONS=print_stacktrace=1")
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout} LABELS "${labels}"
+        SKIP_RETURN_CODE 77 ENVIRONMENT "${environment}")
+endfunction()
+
 function(veltrano_test target)
     if(NOT VELTRANO_TESTS)
         return()
@@ -61,14 +91,34 @@ function(veltrano_test target)
     target_link_libraries(${arg_NAME} PRIVATE veltrano_flags ${target} ${arg_LINKS} GTest::gtest)
     if(arg_COMMA_LOCALE)
         target_link_libraries(${arg_NAME} PRIVATE tests_comma_locale_main)
-        add_test(NAME ${arg_NAME}_comma_locale
-            COMMAND ${arg_NAME} --comma-locale=${CMAKE_BINARY_DIR}/locale)
-        set_tests_properties(${arg_NAME}_comma_locale PROPERTIES TIMEOUT ${arg_TIMEOUT}
-            LABELS "${arg_LABELS}" SKIP_RETURN_CODE 77 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
     elseif(NOT arg_LINKS MATCHES "own_main")
         target_link_libraries(${arg_NAME} PRIVATE GTest::gtest_main)
     endif()
-    add_test(NAME ${arg_NAME} COMMAND ${arg_NAME})
-    set_tests_properties(${arg_NAME} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}"
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+
+    veltrano_is_in_suite(is_in_suite ${target} "${arg_LABELS}")
+    if(NOT is_in_suite)
+        set_target_properties(${arg_NAME} PROPERTIES EXCLUDE_FROM_ALL TRUE)
+        return()
+    endif()
+    add_dependencies(all_tests ${arg_NAME})
+    veltrano_add_run(${arg_NAME} ${arg_TIMEOUT} "${arg_LABELS}" ${arg_NAME})
+    if(arg_COMMA_LOCALE)
+        veltrano_add_run(${arg_NAME}_comma_locale ${arg_TIMEOUT} "${arg_LABELS}"
+            ${arg_NAME} --comma-locale=${CMAKE_BINARY_DIR}/locale)
+    endif()
+    if("soak" IN_LIST arg_LABELS)
+        set_property(GLOBAL APPEND PROPERTY VELTRANO_SOAK_PROGRAMS ${arg_NAME})
+    endif()
+endfunction()
+
+# veltrano_soak_target(): the target "soak", after all tests have been added.
+function(veltrano_soak_target)
+    get_property(programs GLOBAL PROPERTY VELTRANO_SOAK_PROGRAMS)
+    set(commands COMMAND ${CMAKE_COMMAND} -E echo "The long versions:" ${programs})
+    foreach(program IN LISTS programs)
+        list(APPEND commands COMMAND ${CMAKE_COMMAND} -E env VELTRANO_SOAK=1
+            QT_QPA_PLATFORM=offscreen $<TARGET_FILE:${program}>)
+    endforeach()
+    add_custom_target(soak ${commands} DEPENDS ${programs} USES_TERMINAL
+        COMMENT "Running the long versions of the tests")
 endfunction()

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Windows and panels out of interface files.
+#include "platform/desktop/InterfaceFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QUiLoader>
+
+namespace veltrano {
+
+namespace {
+
+// A loader looks for plug-ins with further widgets in every library path and loads them all, which
+// we do not need: with Qt Quick's it takes three times as long and 6 MiB.
+class WithoutLibraryPaths {
+public:
+    WithoutLibraryPaths() : mPaths(QCoreApplication::libraryPaths()) {
+        QCoreApplication::setLibraryPaths({});
+    }
+    ~WithoutLibraryPaths() { QCoreApplication::setLibraryPaths(mPaths); }
+    WithoutLibraryPaths(const WithoutLibraryPaths&) = delete;
+    WithoutLibraryPaths& operator=(const WithoutLibraryPaths&) = delete;
+
+private:
+    const QStringList mPaths;
+};
+
+class Loader final : public QUiLoader {
+public:
+    explicit Loader(const WidgetMakers& makers) : mMakers(makers) {}
+
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+        const auto maker = mMakers.constFind(className);
+        if (maker == mMakers.constEnd()) return QUiLoader::createWidget(className, parent, name);
+        QWidget* widget = (*maker)(parent);
+        widget->setObjectName(name);
+        return widget;
+    }
+
+private:
+    const WidgetMakers& mMakers;
+};
+
+} // namespace
+
+std::unique_ptr<QWidget> loadInterfaceFile(const QString& path, const WidgetMakers& makers,
+                                           QString* error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = path + QStringLiteral(": ") + file.errorString();
+        return nullptr;
+    }
+    const auto loader = [&makers] {
+        const WithoutLibraryPaths scope;
+        return std::make_unique<Loader>(makers);
+    }();
+    std::unique_ptr<QWidget> widget(loader->load(&file));
+    if (!widget) *error = path + QStringLiteral(": ") + loader->errorString().simplified();
+    return widget;
+}
+
+} // namespace veltrano

@@ -47,6 +47,7 @@ enum class LightImage {
     gray28x28, green28x28, blue28x28,             // in-tune light
     gray24x24, red24x24,                          // flat and sharp lights
 };
+constexpr int kLightImages = 9;
 
 /// A light that shows one of the named images.
 class Light {

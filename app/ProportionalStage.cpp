@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps what a window shows in proportion while the window takes any size.
+#include "app/ProportionalStage.h"
+
+#include "displays/WidgetFrame.h"
+#include "platform/desktop/EventLoopTimer.h"
+#include "platform/desktop/WindowPlacement.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <cmath>
+#include <utility>
+
+namespace veltrano {
+
+namespace {
+
+// Asks the window system, because no key reaches the program while the frame is dragged.
+ResizeKeys keysHeldNow() {
+    const Qt::KeyboardModifiers keys = QGuiApplication::queryKeyboardModifiers();
+    return {.alt = keys.testFlag(Qt::AltModifier), .shift = keys.testFlag(Qt::ShiftModifier)};
+}
+
+QSize rounded(Extent size) {
+    return {static_cast<int>(std::lround(size.width)), static_cast<int>(std::lround(size.height))};
+}
+
+// Rounding to whole points leaves a size that is off the proportions by less than a point.
+bool isClose(Extent a, Extent b) {
+    return std::abs(a.width - b.width) < 1 && std::abs(a.height - b.height) < 1;
+}
+
+} // namespace
+
+ProportionalStage::ProportionalStage(std::unique_ptr<QWidget> contents,
+                                     std::unique_ptr<OneShotTimer> timer, QWidget* parent)
+    : QWidget(parent), mContents(contents.release()), mMinimum(extentOf(mContents->size())),
+      mTimer(timer ? std::move(timer) : std::make_unique<EventLoopTimer>()),
+      mKeysSource(keysHeldNow) {
+    mContents->setParent(this);
+    mContents->setMinimumSize(0, 0);
+    setMinimumSize(rounded(mMinimum));
+}
+
+ProportionalStage::~ProportionalStage() { mTimer->cancel(); }
+
+QSize ProportionalStage::sizeHint() const { return rounded(mMinimum); }
+
+void ProportionalStage::resizeEvent(QResizeEvent*) {
+    mKeys = mKeysSource();
+    layOut();
+    mTimer->start(kSettleMilliseconds, [this] { settle(); });
+}
+
+void ProportionalStage::layOut() {
+    const QSize size = rounded(proposedSize(mMinimum, extentOf(this->size()), mKeys));
+    const QSize spare = this->size() - size;
+    mContents->setGeometry(spare.width() / 2, spare.height() / 2, size.width(), size.height());
+}
+
+void ProportionalStage::settle() {
+    const Extent wanted = proposedSize(mMinimum, extentOf(size()), mKeys);
+    if (!isFreeToSettle() || isClose(wanted, extentOf(size()))) return;
+    window()->resize(window()->size() + rounded(wanted) - size());
+}
+
+bool ProportionalStage::isFreeToSettle() const {
+    const QWidget* frame = window();
+    if (frame->isMaximized() || frame->isFullScreen()) return false;
+    const QScreen* screen = frame->screen();
+    return screen == nullptr || !isTiled(frame->frameGeometry(), screen->availableGeometry());
+}
+
+} // namespace veltrano

@@ -8,8 +8,8 @@ namespace veltrano {
 
 namespace {
 
-/// The whole percents of a volume, truncated; in single precision, so that n percent reads back
-/// as n. What no int can hold (a volume that is no number) shows as 0.
+/// The whole percents of a volume, truncated after a product in single precision. What no int can
+/// hold (a volume that is no number) shows as 0.
 int percentOf(float volume) {
     const float percent = volume * 100;
     constexpr float kLimit = 1e9f;

@@ -11,5 +11,9 @@ namespace veltrano {
 
 /// The readings of a recording, a line per frame or per note.
 int runAnalyze(const QStringList& arguments);
+/// The input and output devices.
+int runDevices(const QStringList& arguments);
+/// The readings of live input.
+int runListen(const QStringList& arguments);
 
 } // namespace veltrano

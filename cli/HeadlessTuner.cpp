@@ -25,7 +25,6 @@ void HeadlessTuner::start(const std::optional<std::string>& deviceName) {
     ports.frames = &mWriter;
     ports.frameSlots = mSetup.frameSlots;
     mController = std::make_unique<Controller>(ports);
-    mWriter.setController(*mController);
     mController->awakeFromNib();
 }
 

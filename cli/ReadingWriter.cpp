@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ReadingWriter.h"
 
-#include "engine/Controller.h"
-
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -88,19 +86,11 @@ ReadingWriter::ReadingWriter(ManualClock* clock, const HeadlessDisplay& display,
     if (isTable) mTable.emplace([this](const std::string& line) { mOutput.line(line); });
 }
 
-double ReadingWriter::secondsOf(const Frame& frame) const {
-    return static_cast<double>(frame.samplesSoFar) / double(mController->sampleRate());
+void ReadingWriter::willUpdate(double seconds) {
+    if (mClock) mClock->set(seconds);
 }
 
-void ReadingWriter::willUpdate(const Frame& frame) {
-    if (mClock) mClock->set(secondsOf(frame));
-}
-
-void ReadingWriter::didUpdate(const Frame& frame) {
-    const Controller::Snapshot state = mController->snapshot();
-    const ReadingRecord record{mFrame++,      secondsOf(frame), state.rawFrequency,
-                               state.rawPeak, state.peak,       state.frequency,
-                               state.cent,    state.shown,      state.droppedFrames};
+void ReadingWriter::didUpdate(const ReadingRecord& record) {
     if (mTable) {
         mTable->add(record, mDisplay);
     } else {

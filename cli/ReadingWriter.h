@@ -14,8 +14,6 @@
 
 namespace veltrano {
 
-class Controller;
-
 /// One frame's readings as they are written: keys and meanings are the command line's contract.
 QJsonObject readingJson(const ReadingRecord& record, const HeadlessDisplay& display);
 
@@ -26,21 +24,15 @@ public:
     /// @param clock null: the clock is not a recording's
     ReadingWriter(ManualClock* clock, const HeadlessDisplay& display, Output& output, bool isTable);
 
-    void setController(const Controller& controller) { mController = &controller; }
-
-    void willUpdate(const Frame& frame) override;
-    void didUpdate(const Frame& frame) override;
+    void willUpdate(double seconds) override;
+    void didUpdate(const ReadingRecord& record) override;
     void finish(); ///< writes what is left of a table
 
 private:
-    double secondsOf(const Frame& frame) const;
-
     ManualClock* mClock;
     const HeadlessDisplay& mDisplay;
     Output& mOutput;
     std::optional<ReadingTable> mTable;
-    const Controller* mController = nullptr;
-    std::uint64_t mFrame = 0;
 };
 
 } // namespace veltrano

@@ -13,6 +13,8 @@ constexpr const char* kUsage = "Usage: veltrano-cli COMMAND [OPTIONS]\n"
                                "\n"
                                "Commands:\n"
                                "  analyze FILE   the readings of a recording\n"
+                               "  listen         the readings of live input\n"
+                               "  devices        the input and output devices\n"
                                "\n"
                                "Options:\n"
                                "  -h, --help     shows this help, or that of a command\n"
@@ -32,6 +34,8 @@ int main(int argc, char** argv) {
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
     if (command == QLatin1String("analyze")) return runAnalyze(arguments);
+    if (command == QLatin1String("listen")) return runListen(arguments);
+    if (command == QLatin1String("devices")) return runDevices(arguments);
 
     Output output;
     if (command == QLatin1String("--version") || command == QLatin1String("-v")) {

@@ -187,8 +187,10 @@ void Controller::logDroppedFrames() {
     mLoggedDropped = dropped;
 }
 
-Controller::Snapshot Controller::snapshot() const {
-    return {mFrameRawFrequency, mRawPeak, mFrequency, mPeak, mCent, mShown, mRoad.dropped()};
+ReadingRecord Controller::record() const {
+    const std::uint64_t frame = mCycles == 0 ? 0 : mCycles - 1;
+    return {frame, mFrameSeconds, mFrameRawFrequency, mRawPeak, mPeak, mFrequency,
+            mCent, mShown,        mRoad.dropped()};
 }
 
 } // namespace veltrano

@@ -6,6 +6,7 @@
 #include "engine/ControllerPorts.h"
 #include "engine/FrameRoad.h"
 #include "engine/NoteEvaluation.h"
+#include "engine/ReadingRecord.h"
 #include "engine/SpokenReports.h"
 #include "engine/TunerDisplay.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -76,17 +77,8 @@ public:
 
     float sampleRate() const { return mSampleRate; } ///< [Hz] of the input device
 
-    /// What the cycle holds, for records of it.
-    struct Snapshot {
-        float rawFrequency; ///< [Hz] this frame's estimate as the detector wrote it, 0 without one
-        float rawPeak;
-        float frequency;                  ///< [Hz] smoothed
-        int peak;                         ///< [dB above the 16-bit floor]
-        float cent;                       ///< [semitones] shown last
-        std::optional<NoteReading> shown; ///< empty before the first
-        std::uint64_t droppedFrames;
-    };
-    Snapshot snapshot() const;
+    /// What the last cycle left.
+    ReadingRecord record() const;
 
 private:
     void detectPitch(const Frame& frame);
@@ -122,6 +114,8 @@ private:
     QSocketNotifier* mFramesArrived; ///< child of this
     std::vector<NotificationCenter::Observation> mObservations;
 
+    std::uint64_t mCycles = 0;    ///< update cycles begun
+    double mFrameSeconds = 0;     ///< [s] of the recording at the end of the last frame
     float mSampleRate = 0;        ///< [Hz] of the input device
     float mRawFrequency = 0;      ///< [Hz] newest estimate, consumed by the cycle
     float mFrameRawFrequency = 0; ///< [Hz] the same, kept for records

@@ -33,7 +33,9 @@ FrameRef silentFrame() {
 } // namespace
 
 void Controller::updateUI(FrameRef frame) {
-    if (mPorts.frames) mPorts.frames->willUpdate(*frame);
+    ++mCycles;
+    mFrameSeconds = static_cast<double>(frame->samplesSoFar) / double(mSampleRate);
+    if (mPorts.frames) mPorts.frames->willUpdate(mFrameSeconds);
     const double now = mPorts.clock.now();
     detectPitch(*frame);
     acceptRawFrequency(now);
@@ -45,7 +47,7 @@ void Controller::updateUI(FrameRef frame) {
         mNextTunerUpdateTime = now + kTunerUpdateSeconds;
     }
     holdPeak(now);
-    if (mPorts.frames) mPorts.frames->didUpdate(*frame);
+    if (mPorts.frames) mPorts.frames->didUpdate(record());
 }
 
 void Controller::detectPitch(const Frame& frame) {

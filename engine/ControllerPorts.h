@@ -2,7 +2,7 @@
 // What the controller needs of the rest of the program.
 #pragma once
 
-#include "platform/realtime/Frame.h"
+#include "engine/ReadingRecord.h"
 
 #include <cstddef>
 #include <optional>
@@ -34,8 +34,9 @@ public:
 class FrameObserver {
 public:
     virtual ~FrameObserver() = default;
-    virtual void willUpdate(const Frame& frame) = 0;
-    virtual void didUpdate(const Frame& frame) = 0;
+    /// @param seconds of the recording at the frame's last sample: samples so far / rate
+    virtual void willUpdate(double seconds) = 0;
+    virtual void didUpdate(const ReadingRecord& record) = 0;
 };
 
 /// None of it is owned; all of it outlives the controller. A null pointer stands for a facility

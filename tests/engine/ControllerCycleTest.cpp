@@ -77,12 +77,12 @@ TEST(ControllerCycle, SmoothsWithinOnePercentAndJumpsToANewNote) {
     Controller& controller = rig.start();
     controller.updateUI(a4());
     controller.updateUI(frameOf(toneSamples(99))); // 445.45 Hz: ratio 1.0101, a jump
-    EXPECT_EQ(controller.snapshot().frequency, 44100.0f / 99.0f);
+    EXPECT_EQ(controller.record().frequency, 44100.0f / 99.0f);
     controller.updateUI(frameOf(toneSamples(99.5)));
-    const float raw = controller.snapshot().rawFrequency;
-    EXPECT_EQ(controller.snapshot().frequency, (44100.0f / 99.0f + raw) * 0.5f);
+    const float raw = controller.record().rawFrequency;
+    EXPECT_EQ(controller.record().frequency, (44100.0f / 99.0f + raw) * 0.5f);
     controller.updateUI(frameOf(toneSamples(94)));
-    EXPECT_EQ(controller.snapshot().frequency, controller.snapshot().rawFrequency);
+    EXPECT_EQ(controller.record().frequency, controller.record().rawFrequency);
     EXPECT_EQ(rig.text(TunerText::note), "B");
     EXPECT_EQ(rig.text(TunerText::accidental), "\u266D");
 }
@@ -93,8 +93,8 @@ TEST(ControllerCycle, AnEstimateOutsideTheRangeLeavesTheDisplays) {
     controller.updateUI(a4());
     rig.display.takeCalls();
     controller.updateUI(frameOf(toneSamples(4))); // 11025 Hz
-    EXPECT_GT(controller.snapshot().rawFrequency, 8133.683f);
-    EXPECT_EQ(controller.snapshot().frequency, 441.0f);
+    EXPECT_GT(controller.record().rawFrequency, 8133.683f);
+    EXPECT_EQ(controller.record().frequency, 441.0f);
     EXPECT_TRUE(only(rig.display.takeCalls(), {"text note", "text cent", "text freq"}).empty());
     EXPECT_EQ(rig.text(TunerText::frequency), "441.000");
 }
@@ -218,7 +218,7 @@ TEST(ControllerCycle, NothingIsShownAtTheStartWithoutAFrequency) {
     Controller& controller = rig.start();
     controller.updateTunerUI(true);
     EXPECT_TRUE(rig.display.takeCalls().empty());
-    EXPECT_FALSE(controller.snapshot().shown);
+    EXPECT_FALSE(controller.record().shown);
     EXPECT_EQ(rig.text(TunerText::note), "");
 }
 

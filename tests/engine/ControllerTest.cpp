@@ -208,7 +208,7 @@ TEST(Controller, AStalledMainThreadDropsWholeFramesAndSaysSo) {
     Controller& controller = rig.start();
     for (int frame = 0; frame < 40; ++frame)
         rig.deliver(toneSamples(100));
-    EXPECT_EQ(controller.snapshot().droppedFrames, 8u);
+    EXPECT_EQ(controller.record().dropped, 8u);
     controller.serveFrames();
     EXPECT_EQ(rig.display.callsOf("strobeData").size(), 32u);
     EXPECT_EQ(rig.log.details, Lines{"The display was late: 8 frames of input were dropped."});

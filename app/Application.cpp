@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Application.h"
+
+#include "platform/desktop/DrawingPass.h"
+#include "platform/desktop/WindowPlacement.h"
+
+#include <QApplication>
+#include <QDir>
+#include <cstdio>
+
+namespace veltrano {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kRefused = 1; ///< the input or the installation was refused
+/// A moment that was printed with a frame is that frame's, whatever the rounding on its way.
+constexpr double kSameMoment = 1e-6; ///< [s]
+
+int refused(const std::string& reason) {
+    const std::string line = "veltrano: " + reason + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    return kRefused;
+}
+
+/// People follow the readings while they come, so each line goes out at once.
+void writeToStandardOutput(const std::string& line) {
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+UserDefaults Application::defaultsFor(const LaunchOptions& options) {
+    if (options.settingsFile) return UserDefaults(*options.settingsFile);
+    // A picture is the same on every machine: no settings of the user's.
+    if (options.snapshotDir) return UserDefaults::inMemory();
+    return UserDefaults();
+}
+
+Application::Application(const LaunchOptions& options)
+    : mOptions(options), mDefaults(defaultsFor(options)),
+      mPreferences({mDefaults, mNotifications}), mImages(mResources.images(), mLog) {
+    std::vector<CombinedHardware::Part> parts;
+    if (!mOptions.snapshotDir) {
+        mPulse = std::make_unique<PulseHardware>(mLog, PulseHardware::Options{});
+        parts.push_back({mPulse.get(), 1});
+    }
+    parts.push_back({&mVirtual, VirtualHardware::kFirstId});
+    mHardware = std::make_unique<CombinedHardware>(std::move(parts));
+}
+
+Application::~Application() = default;
+
+int Application::run() {
+    std::string error;
+    if (mOptions.input) {
+        mRecording = RecordingDevice::open(mVirtual, *mOptions.input, error);
+        if (!mRecording) return refused(error);
+    }
+    mRegistry = std::make_unique<AUUnitRegistry>(
+        *mHardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog);
+    mWindow = TunerWindow::create(mResources, mImages, mLog);
+    if (!mWindow) return refused("the window's interface file cannot be used");
+    makeController();
+    mController->awakeFromNib();
+    return mOptions.snapshotDir ? writeSnapshot() : runWindow();
+}
+
+void Application::makeController() {
+    ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, *mWindow};
+    ports.windows = this;
+    if (mRecording) {
+        mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, *mWindow);
+        ports.frames = mFrameWatch.get();
+        ports.inputDeviceForThisRun = nameOfRecording();
+    }
+    mController = std::make_unique<Controller>(ports);
+}
+
+const Clock& Application::clock() const {
+    if (mRecording) return mRecordingClock;
+    return mSteadyClock;
+}
+
+std::string Application::nameOfRecording() const {
+    const DeviceId id = mRecording->id();
+    return mVirtual.deviceManufacturer(id, Direction::input).value_or("") + " : " +
+           mVirtual.deviceName(id, Direction::input).value_or("");
+}
+
+int Application::runWindow() {
+    mController->applicationDidFinishLaunching();
+    if (mRecording) {
+        mFrameWatch->writeReadings(writeToStandardOutput);
+        mRecording->startRealTime();
+    }
+    const int exitCode = QApplication::exec();
+    if (mRecording) {
+        mRecording->stopRealTime();
+        mFrameWatch->finish();
+    }
+    mController->applicationWillTerminate();
+    return exitCode;
+}
+
+int Application::writeSnapshot() {
+    // The window stays hidden: each frame gets exactly one drawing pass, the event loop adds none.
+    QImage picture;
+    mFrameWatch->onFrame([this, &picture](double seconds) {
+        if (seconds <= mOptions.snapshotSeconds + kSameMoment) picture = drawingPass(*mWindow);
+    });
+    const double rate = mRecording->sampleRate();
+    while (static_cast<double>(mRecording->position()) / rate < mOptions.snapshotSeconds &&
+           mRecording->playBlock()) {
+        mController->serveFrames();
+    }
+    if (picture.isNull()) picture = drawingPass(*mWindow); // not one frame was full yet
+    return writePicture(picture);
+}
+
+int Application::writePicture(const QImage& picture) {
+    const QDir folder(*mOptions.snapshotDir);
+    if (!folder.mkpath(QStringLiteral("."))) {
+        return refused("cannot make the folder " + mOptions.snapshotDir->toStdString());
+    }
+    const QString path = folder.filePath(QStringLiteral("tuner.png"));
+    if (!picture.save(path)) return refused("cannot write " + path.toStdString());
+    return kDone;
+}
+
+void Application::centerWindows() { centreOnScreen(*mWindow); }
+
+void Application::showTunerWindow() {
+    mWindow->show();
+    mWindow->raise();
+    mWindow->activateWindow();
+}
+
+void Application::showHelp() {
+    if (!mHelp) mHelp = std::make_unique<HelpPanel>(mResources, mLog);
+    mHelp->showHelpPanel();
+}
+
+} // namespace veltrano

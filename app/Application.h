@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Puts the program together and owns its parts.
+#pragma once
+
+#include "app/FrameWatch.h"
+#include "app/LaunchOptions.h"
+#include "app/RecordingClock.h"
+#include "app/TunerWindow.h"
+#include "audio/AUUnitRegistry.h"
+#include "displays/HelpPanel.h"
+#include "engine/Controller.h"
+#include "platform/audio/CombinedHardware.h"
+#include "platform/audio/PulseHardware.h"
+#include "platform/audio/RecordingDevice.h"
+#include "platform/audio/VirtualHardware.h"
+#include "platform/desktop/ImageLibrary.h"
+#include "platform/desktop/ResourceFolder.h"
+#include "platform/foundation/MainThread.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/foundation/StandardErrorLog.h"
+#include "platform/foundation/SteadyClock.h"
+#include "platform/foundation/UserDefaults.h"
+#include "settings/Preferences.h"
+
+#include <memory>
+
+namespace veltrano {
+
+/// The composition root: the parts stand in the order of their use, destruction runs backwards.
+/// Thread: main, with a QApplication.
+class Application final : private ApplicationWindows {
+public:
+    explicit Application(const LaunchOptions& options);
+    ~Application();
+
+    /// Runs until the window is closed or, for pictures, until they are written.
+    /// @return the exit code; a failure has been told on standard error
+    int run();
+
+private:
+    void makeController();
+    const Clock& clock() const;
+    std::string nameOfRecording() const; ///< of its device entry
+    int runWindow();
+    int writeSnapshot();
+    int writePicture(const QImage& picture);
+    static UserDefaults defaultsFor(const LaunchOptions& options);
+
+    void centerWindows() override;
+    void showTunerWindow() override;
+    void showHelp() override;
+
+    const LaunchOptions mOptions;
+    StandardErrorLog mLog;
+    SteadyClock mSteadyClock;
+    RecordingClock mRecordingClock;
+    std::unique_ptr<PulseHardware> mPulse; ///< null: pictures need no sound server
+    VirtualHardware mVirtual;
+    std::unique_ptr<CombinedHardware> mHardware;
+    std::unique_ptr<RecordingDevice> mRecording; ///< null without --input
+    UserDefaults mDefaults;
+    NotificationCenter mNotifications;
+    MainThread mMainThread;
+    Preferences mPreferences;
+    std::unique_ptr<AUUnitRegistry> mRegistry;
+    const ResourceFolder mResources = ResourceFolder::find();
+    ImageLibrary mImages;
+    std::unique_ptr<TunerWindow> mWindow;
+    std::unique_ptr<HelpPanel> mHelp;
+    std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
+    std::unique_ptr<Controller> mController;
+};
+
+} // namespace veltrano

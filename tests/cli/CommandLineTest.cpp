@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// veltrano-cli as a process: output, errors, exit codes.
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <numbers>
+
+namespace veltrano {
+namespace {
+
+struct Result {
+    int exitCode = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Result run(const QStringList& arguments, const QStringList& environment = {}) {
+    QProcess process;
+    QStringList variables = QProcess::systemEnvironment();
+    variables += environment;
+    process.setEnvironment(variables);
+    process.start(QStringLiteral(VELTRANO_CLI), arguments);
+    EXPECT_TRUE(process.waitForFinished(60000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+/// A WAV header of one format chunk before raw sample bytes.
+QByteArray wav(int format, int channels, int rate, int bits, const QByteArray& data,
+               qint64 claimedBytes = -1) {
+    const auto number = [](qint64 value, int bytes) {
+        QByteArray text;
+        for (int i = 0; i < bytes; ++i) text.append(char((value >> (8 * i)) & 0xFF));
+        return text;
+    };
+    const int frameBytes = channels * bits / 8;
+    const qint64 size = claimedBytes < 0 ? data.size() : claimedBytes;
+    return "RIFF" + number(36 + size, 4) + "WAVEfmt " + number(16, 4) + number(format, 2) +
+           number(channels, 2) + number(rate, 4) + number(qint64(rate) * frameBytes, 4) +
+           number(frameBytes, 2) + number(bits, 2) + "data" + number(size, 4) + data;
+}
+
+QByteArray sine16(double hz, int rate, double seconds) {
+    QByteArray data;
+    for (int i = 0; i < int(seconds * rate); ++i) {
+        const auto x = qint16(std::lround(16384 * std::sin(2 * std::numbers::pi * hz * i / rate)));
+        data.append(char(x & 0xFF));
+        data.append(char((x >> 8) & 0xFF));
+    }
+    return data;
+}
+
+QByteArray floats(const std::vector<float>& samples) {
+    return {reinterpret_cast<const char*>(samples.data()), qsizetype(samples.size() * 4)};
+}
+
+class CommandLine : public testing::Test {
+protected:
+    QString write(const char* name, const QByteArray& bytes) {
+        const QString path = mFolder.filePath(QString::fromUtf8(name));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return path;
+    }
+
+    QTemporaryDir mFolder;
+};
+
+TEST_F(CommandLine, AnalyzePrintsOneObjectPerFrame) {
+    const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(440, 44100, 1)));
+    const Result result = run({"analyze", file});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    const QList<QByteArray> lines = result.output.trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 44100 / 5393);
+    for (int i = 0; i < lines.size(); ++i) {
+        const QJsonObject frame = QJsonDocument::fromJson(lines[i]).object();
+        EXPECT_EQ(frame["frame"].toInt(), i);
+        EXPECT_EQ(frame["time"].toDouble(), (i + 1) * 5393 / 44100.0);
+        EXPECT_EQ(frame["key"].toInt(), 57);
+        EXPECT_EQ(frame["dropped"].toInt(), 0);
+        EXPECT_NEAR(frame["frequency"].toDouble(), 440, 0.51); // 2 cents at most
+    }
+}
+
+TEST_F(CommandLine, ReadingsDoNotDependOnTheBlockSize) {
+    const QString file = write("e3.wav", wav(1, 1, 8000, 16, sine16(164.81, 8000, 6)));
+    const QByteArray expected = run({"analyze", file}).output;
+    EXPECT_EQ(expected.count('\n'), 48000 / 978);
+    for (const char* block : {"1", "977", "978", "979", "1000000"}) {
+        EXPECT_EQ(run({"analyze", file, "--block", block}).output, expected) << block;
+    }
+}
+
+TEST_F(CommandLine, ReadingsDoNotDependOnTheLocale) {
+    const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(441.7, 44100, 1)));
+    const QByteArray expected = run({"analyze", file, "--reference-pitch", "442.5"}).output;
+    EXPECT_TRUE(expected.contains("\"idealText\":\"442.500\""));
+    EXPECT_EQ(run({"analyze", file, "--reference-pitch", "442.5"},
+                  {"LC_ALL=de_DE.UTF-8", "LANG=de_DE.UTF-8"})
+                  .output,
+              expected);
+}
+
+TEST_F(CommandLine, OptionsReachTheTuner) {
+    const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(441, 44100, 1)));
+    EXPECT_TRUE(run({"analyze", file}).output.contains("\"inTune\":\"green\""));
+    EXPECT_TRUE(run({"analyze", file, "--threshold", "2"}).output.contains("\"inTune\":\"blue\""));
+    EXPECT_TRUE(run({"analyze", file, "--reference-pitch", "415"}).output.contains("\"key\":58"));
+}
+
+TEST_F(CommandLine, TheTableHasALinePerNote) {
+    const QByteArray tune = sine16(440, 44100, 1) + sine16(523.25, 44100, 1) + sine16(440, 44100, 1);
+    const Result result = run({"analyze", write("tune.wav", wav(1, 1, 44100, 16, tune)), "--table"});
+    EXPECT_EQ(result.exitCode, 0);
+    const QList<QByteArray> lines = result.output.trimmed().split('\n');
+    ASSERT_GE(lines.size(), 4);
+    EXPECT_TRUE(lines[0].contains("cents"));
+    EXPECT_TRUE(lines[1].contains("A4"));
+    EXPECT_TRUE(lines.last().contains("A4"));
+    EXPECT_EQ(lines.filter(QByteArray("C5")).size(), 1);
+}
+
+TEST_F(CommandLine, BadRecordingsGetOneLineAndExitCodeOne) {
+    const QByteArray sound = sine16(440, 44100, 0.5);
+    const QByteArray good = wav(1, 1, 44100, 16, sound);
+    struct {
+        const char* name;
+        QString path;
+    } const cases[] = {
+        {"missing", mFolder.filePath("nothing.wav")},
+        {"a folder", mFolder.path()},
+        {"zero length", write("empty.wav", "")},
+        {"no channels", write("none.wav", wav(1, 0, 44100, 16, sound))},
+        {"no samples", write("nosound.wav", wav(1, 1, 44100, 16, {}))},
+        {"cut within the header", write("cut.wav", good.left(30))},
+        {"a text", write("text.wav", "This is not a recording.\n")},
+        {"65 channels", write("wide.wav", wav(1, 65, 44100, 16, sound))},
+        {"rate 0", write("still.wav", wav(1, 1, 0, 16, sound))},
+        {"rate above 384 kHz", write("fast.wav", wav(1, 1, 400000, 16, sound))},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Result result = run({"analyze", c.path});
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.toStdString();
+        EXPECT_TRUE(result.errors.startsWith("veltrano-cli: "));
+    }
+}
+
+TEST_F(CommandLine, BrokenRecordingsAreTunedAsFarAsTheyGo) {
+    const QByteArray sound = sine16(440, 44100, 0.5);
+    const Result cut = run({"analyze", write("cut.wav", wav(1, 1, 44100, 16, sound, 10000000))});
+    EXPECT_EQ(cut.exitCode, 0);
+    EXPECT_EQ(cut.output.count('\n'), 22050 / 5393);
+
+    std::vector<float> samples(20000, std::numeric_limits<float>::quiet_NaN());
+    const Result nan = run({"analyze", write("nan.wav", wav(3, 1, 44100, 32, floats(samples)))});
+    EXPECT_EQ(nan.exitCode, 0);
+    EXPECT_EQ(nan.output.count('\n'), 20000 / 5393);
+    EXPECT_TRUE(nan.output.contains("\"key\":null"));
+}
+
+TEST_F(CommandLine, WrongUsageExitsWithTwo) {
+    const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(440, 44100, 0.5)));
+    const QStringList cases[] = {
+        {}, {"tune"}, {"analyze"}, {"analyze", file, file}, {"analyze", file, "--loud"},
+        {"analyze", file, "--block", "0"}, {"analyze", file, "--block", "x"},
+        {"analyze", file, "--tonic", "12"}, {"analyze", file, "--tonic", "-1"},
+        {"analyze", file, "--reference-pitch", "0"}, {"analyze", file, "--reference-pitch", "440,5"},
+        {"analyze", file, "--reference-pitch", "nan"}, {"analyze", file, "--threshold", "1.5"},
+        {"devices", "x"}, {"listen", "x"}, {"listen", "--seconds", "soon"},
+    };
+    for (const QStringList& arguments : cases) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.toStdString();
+    }
+}
+
+TEST_F(CommandLine, HelpAndVersionOnEveryCommand) {
+    for (const QStringList& command :
+         {QStringList{}, QStringList{"analyze"}, QStringList{"listen"}, QStringList{"devices"}}) {
+        const Result help = run(command + QStringList{"--help"});
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_TRUE(help.output.startsWith("Usage: ")) << help.output.toStdString();
+        const Result version = run(command + QStringList{"--version"});
+        EXPECT_EQ(version.exitCode, 0);
+        EXPECT_TRUE(version.output.startsWith("veltrano-cli "));
+    }
+}
+
+TEST_F(CommandLine, AClosedPipeEndsQuietly) {
+    const QString file = write("long.wav", wav(1, 1, 8000, 16, sine16(440, 8000, 60)));
+    QProcess process;
+    process.start("/bin/bash", {"-c", QStringLiteral("\"$0\" analyze \"$1\" | head -1; "
+                                                     "echo ${PIPESTATUS[0]} >&2"),
+                                QStringLiteral(VELTRANO_CLI), file});
+    ASSERT_TRUE(process.waitForFinished(30000));
+    EXPECT_EQ(process.readAllStandardError(), "0\n");
+    EXPECT_EQ(process.readAllStandardOutput().count('\n'), 1);
+}
+
+TEST_F(CommandLine, NoWindowSystemIsLinkedIn) {
+    QProcess process;
+    process.start("ldd", {QStringLiteral(VELTRANO_CLI)});
+    ASSERT_TRUE(process.waitForFinished(30000));
+    const QByteArray libraries = process.readAllStandardOutput();
+    EXPECT_TRUE(libraries.contains("libQt6Core"));
+    EXPECT_FALSE(libraries.contains("libQt6Gui"));
+    EXPECT_FALSE(libraries.contains("libQt6Widgets"));
+}
+
+} // namespace
+} // namespace veltrano

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/audio/PulseInputStream.h"
+
+#include "platform/foundation/SteadyClock.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace veltrano {
+
+namespace {
+
+constexpr std::size_t kBlockFrames = 4096;  ///< a longer block is delivered in parts
+constexpr double kFragmentSeconds = 0.02;   ///< how often the server is asked to deliver
+constexpr double kServerQueueSeconds = 1.0; ///< what it may keep for us when we are slow
+
+std::uint32_t bytesOf(double seconds, const pa_sample_spec& format) {
+    const double frames = std::max(1.0, seconds * double(format.rate));
+    return std::uint32_t(frames) * std::uint32_t(pa_frame_size(&format));
+}
+
+pa_buffer_attr bufferSizes(const pa_sample_spec& format) {
+    constexpr auto kDontCare = std::uint32_t(-1);
+    pa_buffer_attr sizes{};
+    sizes.maxlength = bytesOf(kServerQueueSeconds, format);
+    sizes.fragsize = bytesOf(kFragmentSeconds, format);
+    sizes.tlength = sizes.prebuf = sizes.minreq = kDontCare; // playback only
+    return sizes;
+}
+
+pa_channel_map channelMap(const std::vector<std::uint32_t>& positions) {
+    pa_channel_map map;
+    pa_channel_map_init(&map);
+    const std::size_t channels = std::min<std::size_t>(positions.size(), PA_CHANNELS_MAX);
+    map.channels = std::uint8_t(channels);
+    for (std::size_t channel = 0; channel < channels; ++channel) {
+        map.map[channel] = pa_channel_position_t(positions[channel]);
+    }
+    return map;
+}
+
+} // namespace
+
+PulseInputStream::PulseInputStream(const Client& client, const DeviceRecord& device, double now,
+                                   std::function<void()> failed)
+    : mClient(client), mFailed(std::move(failed)) {
+    prepare(device);
+    mWatch.begin(now, device.format.sampleRate);
+}
+
+PulseInputStream::~PulseInputStream() { release(); }
+
+void PulseInputStream::prepare(const DeviceRecord& device) {
+    mFormat = device.format;
+    mChannelPositions = device.channelPositions;
+    mBlock.assign(kBlockFrames * mFormat.channelsPerFrame, 0.0f);
+}
+
+Status PulseInputStream::open(pa_context* context, const DeviceRecord& device, double now) {
+    release();
+    prepare(device);
+    mWatch.opened(now, mFormat.sampleRate);
+    mOpenedAt = now;
+    const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, std::uint32_t(mFormat.sampleRate),
+                                std::uint8_t(mFormat.channelsPerFrame)};
+    const pa_channel_map map = channelMap(mChannelPositions);
+    mStream = pa_stream_new(context, "Tuner", &format, &map);
+    if (!mStream) return pa_context_errno(context);
+    pa_stream_set_state_callback(mStream, &PulseInputStream::onState, this);
+    pa_stream_set_read_callback(mStream, &PulseInputStream::onReadable, this);
+    const pa_buffer_attr sizes = bufferSizes(format);
+    // The user chose this device: the stream must not be moved to another one behind our back.
+    constexpr auto kFlags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY);
+    if (pa_stream_connect_record(mStream, device.serverName.c_str(), &sizes, kFlags) == 0) {
+        return 0;
+    }
+    release();
+    return pa_context_errno(context);
+}
+
+void PulseInputStream::close(double now) {
+    release();
+    mWatch.lost(now);
+}
+
+void PulseInputStream::release() {
+    mHasFailed = false;
+    if (!mStream) return;
+    pa_stream_set_state_callback(mStream, nullptr, nullptr);
+    pa_stream_set_read_callback(mStream, nullptr, nullptr);
+    pa_stream_disconnect(mStream); // fails when the connection is gone: then it is what we want
+    pa_stream_unref(std::exchange(mStream, nullptr));
+}
+
+bool PulseInputStream::fits(const DeviceRecord& device) const noexcept {
+    return isOpen() && mFormat == device.format && mChannelPositions == device.channelPositions;
+}
+
+double PulseInputStream::secondsSilent(double now) const noexcept {
+    return std::min(mWatch.secondsWithoutSound(now), now - mOpenedAt);
+}
+
+void PulseInputStream::onState(pa_stream* stream, void* self) {
+    const pa_stream_state_t state = pa_stream_get_state(stream);
+    if (state != PA_STREAM_FAILED && state != PA_STREAM_TERMINATED) return;
+    auto* input = static_cast<PulseInputStream*>(self);
+    input->mHasFailed = true;
+    input->mFailed();
+}
+
+void PulseInputStream::onReadable(pa_stream*, std::size_t, void* self) {
+    static_cast<PulseInputStream*>(self)->readAll();
+}
+
+void PulseInputStream::readAll() noexcept {
+    const void* data = nullptr;
+    std::size_t bytes = 0;
+    while (pa_stream_peek(mStream, &data, &bytes) == 0 && bytes > 0) {
+        const std::size_t frames = bytes / mFormat.bytesPerFrame;
+        if (mWatch.sound(SteadyClock().now(), frames)) {
+            deliver(static_cast<const float*>(data), frames);
+        }
+        pa_stream_drop(mStream);
+    }
+}
+
+void PulseInputStream::deliverSilence(double now) noexcept {
+    deliver(nullptr, mWatch.silenceDue(now));
+}
+
+void PulseInputStream::deliver(const float* samples, std::size_t frames) noexcept {
+    const std::size_t channels = mFormat.channelsPerFrame;
+    while (frames > 0) {
+        const std::size_t part = std::min(frames, kBlockFrames);
+        if (samples) {
+            std::copy_n(samples, part * channels, mBlock.data());
+            samples += part * channels;
+        } else {
+            std::fill_n(mBlock.data(), part * channels, 0.0f);
+        }
+        mSampleTime += double(part);
+        AudioBuffer buffer{mFormat.channelsPerFrame, std::uint32_t(part * mFormat.bytesPerFrame),
+                           mBlock.data()};
+        const AudioBufferList input(&buffer, 1);
+        AudioBufferList output;
+        const AudioTimeStamp time{mSampleTime};
+        mClient.proc(mClient.device, &time, &input, &time, &output, &time, mClient.refCon);
+        frames -= part;
+    }
+}
+
+} // namespace veltrano

@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/SoundServer.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+extern char** environ; // NOLINT: the C library's own name
+
+namespace veltrano {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+bool isInstalled(const std::string& program) {
+    std::istringstream path(std::getenv("PATH") ? std::getenv("PATH") : "/usr/bin");
+    for (std::string folder; std::getline(path, folder, ':');) {
+        if (::access((folder + "/" + program).c_str(), X_OK) == 0) return true;
+    }
+    return false;
+}
+
+std::string textOf(const std::string& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// Pointers for exec; the strings must live on.
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+template <class Condition>
+bool waitFor(Condition condition, std::chrono::milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(2ms);
+    }
+    return true;
+}
+
+/// PipeWire has no module for a tone, but a node that its configuration can put in.
+constexpr const char* kPipeWireTone = R"(
+context.spa-libs = { audiotestsrc = audiotestsrc/libspa-audiotestsrc }
+context.objects = [ {
+    factory = adapter
+    args = {
+        factory.name = audiotestsrc
+        node.name = tone
+        node.description = "Test Tone"
+        media.class = Audio/Source
+        object.linger = true
+        node.param.Props = { live = true frequency = 440.0 volume = 0.5 }
+    }
+} ]
+)";
+
+} // namespace
+
+// --- TestProcess ---
+
+TestProcess::TestProcess(const std::vector<std::string>& command,
+                         const std::vector<std::string>& environment, const std::string& output) {
+    // Everything that allocates comes before the fork: another thread may hold the heap's lock.
+    std::vector<std::string> words = command;
+    std::vector<std::string> variables = environment;
+    for (char** variable = environ; *variable; ++variable)
+        variables.emplace_back(*variable);
+    const auto arguments = pointersTo(words);
+    const auto all = pointersTo(variables);
+    const std::string file = output.empty() ? "/dev/null" : output;
+    const pid_t parent = ::getpid();
+    mId = ::fork();
+    if (mId != 0) return;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) ::_exit(127); // it died in between
+    const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    ::dup2(out, STDOUT_FILENO);
+    ::dup2(out, STDERR_FILENO);
+    ::execvpe(arguments[0], arguments.data(), all.data());
+    ::_exit(127);
+}
+
+TestProcess::~TestProcess() { kill(); }
+
+void TestProcess::signal(int number) {
+    if (mId > 0) ::kill(mId, number);
+}
+
+void TestProcess::kill() {
+    signal(SIGKILL);
+    await();
+}
+
+int TestProcess::await() {
+    if (mId <= 0) return -1;
+    int status = 0;
+    while (::waitpid(mId, &status, 0) < 0 && errno == EINTR) {
+    }
+    mId = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// --- SoundServer ---
+
+std::optional<std::string> SoundServer::missing(Kind kind) {
+    const std::vector<std::string> needed =
+        kind == Kind::pulseAudio
+            ? std::vector<std::string>{"pulseaudio", "pactl", "pacat"}
+            : std::vector<std::string>{"pipewire",    "wireplumber", "pipewire-pulse",
+                                       "dbus-daemon", "pactl",       "pacat"};
+    for (const std::string& program : needed) {
+        if (!isInstalled(program)) return "the program " + program + " is not installed";
+    }
+    return std::nullopt;
+}
+
+SoundServer::SoundServer(Kind kind, Devices devices) : mKind(kind), mDevices(devices) {
+    std::string folder = "/tmp/sound-server-XXXXXX";
+    if (!::mkdtemp(folder.data())) return;
+    mFolder = folder;
+    writeConfiguration();
+}
+
+SoundServer::~SoundServer() {
+    mPlayer.reset();
+    kill();
+    std::error_code ignored;
+    if (!mFolder.empty()) std::filesystem::remove_all(mFolder, ignored);
+}
+
+void SoundServer::writeConfiguration() const {
+    namespace fs = std::filesystem;
+    for (const char* folder : {"/rt", "/home", "/config/pulse", "/config/pipewire/pipewire.conf.d"})
+        fs::create_directories(mFolder + folder);
+    fs::permissions(mFolder + "/rt", fs::perms::owner_all);
+    std::ofstream(mFolder + "/config/pulse/client.conf") << "autospawn = no\n";
+    if (mKind == Kind::pipeWire && mDevices == Devices::sinkAndTone) {
+        std::ofstream(mFolder + "/config/pipewire/pipewire.conf.d/tone.conf") << kPipeWireTone;
+    }
+}
+
+std::string SoundServer::address() const {
+    return "unix:" + mFolder +
+           (mKind == Kind::pulseAudio ? "/rt/pulse-native" : "/rt/pulse/native");
+}
+
+std::vector<std::string> SoundServer::environment() const {
+    return {"HOME=" + mFolder + "/home",
+            "XDG_RUNTIME_DIR=" + mFolder + "/rt",
+            "XDG_CONFIG_HOME=" + mFolder + "/config",
+            "PULSE_RUNTIME_PATH=" + mFolder + "/rt",
+            "PULSE_SERVER=" + address(),
+            "DBUS_SESSION_BUS_ADDRESS=unix:path=" + mFolder + "/rt/bus",
+            "DISPLAY="};
+}
+
+void SoundServer::add(const std::vector<std::string>& command) {
+    mProcesses.push_back(
+        std::make_unique<TestProcess>(command, environment(), mFolder + "/output"));
+}
+
+void SoundServer::launchPulseAudio() {
+    std::vector<std::string> command = {
+        "pulseaudio", "--daemonize=no", "--exit-idle-time=-1", "--system=false",
+        // A new server must not mistake the dead one, not yet buried, for a living one.
+        "--use-pid-file=no", "-n",
+        "--load=module-native-protocol-unix auth-anonymous=1 socket=" + mFolder +
+            "/rt/pulse-native"};
+    if (mDevices != Devices::none) {
+        // With rewinds a null sink may give nothing for two seconds.
+        command.push_back("--load=module-null-sink sink_name=test rate=44100 norewinds=1");
+    }
+    if (mDevices == Devices::sinkAndTone) {
+        command.push_back("--load=module-sine-source source_name=tone rate=44100 frequency=440");
+    }
+    add(command);
+}
+
+void SoundServer::launchPipeWire() {
+    add({"dbus-daemon", "--session", "--nofork", "--nopidfile",
+         "--address=unix:path=" + mFolder + "/rt/bus"});
+    const auto exists = [this](const char* socket) {
+        return std::filesystem::exists(mFolder + socket);
+    };
+    waitFor([&] { return exists("/rt/bus"); }, 5s);
+    add({"pipewire"});
+    waitFor([&] { return exists("/rt/pipewire-0"); }, 5s);
+    add({"wireplumber"});
+    add({"pipewire-pulse"});
+}
+
+void SoundServer::launch() {
+    if (mKind == Kind::pulseAudio) return launchPulseAudio();
+    // The files of dead sockets would pass for living ones.
+    for (const char* socket : {"/rt/bus", "/rt/pipewire-0", "/rt/pulse/native"})
+        std::filesystem::remove(mFolder + socket);
+    launchPipeWire();
+}
+
+bool SoundServer::answers() const {
+    const auto sources = control({"list", "short", "sources"});
+    if (!sources) return false;
+    switch (mDevices) {
+    case Devices::none:
+        return true;
+    case Devices::sinkAndTone:
+        return sources->find("\ttone\t") != std::string::npos;
+    case Devices::sink:
+        return sources->find("\ttest.monitor\t") != std::string::npos;
+    }
+    return false;
+}
+
+bool SoundServer::awaitReady() {
+    if (mKind == Kind::pulseAudio) return waitFor([this] { return answers(); }, 10s);
+    if (!waitFor([this] { return control({"info"}).has_value(); }, 10s)) return false;
+    const bool hasSink = control({"list", "short", "sinks"})->find("\ttest\t") != std::string::npos;
+    if (mDevices != Devices::none && !hasSink) {
+        loadModule({"module-null-sink", "sink_name=test", "rate=44100"});
+    }
+    return waitFor([this] { return answers(); }, 10s);
+}
+
+bool SoundServer::start() {
+    launch();
+    return awaitReady();
+}
+
+void SoundServer::kill() {
+    while (!mProcesses.empty())
+        mProcesses.pop_back();
+}
+
+void SoundServer::hang() {
+    for (const auto& process : mProcesses)
+        process->signal(SIGSTOP);
+}
+
+void SoundServer::goOn() {
+    for (const auto& process : mProcesses)
+        process->signal(SIGCONT);
+}
+
+std::optional<std::string> SoundServer::control(const std::vector<std::string>& arguments) const {
+    std::vector<std::string> command = {"pactl"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    const std::string file = mFolder + "/answer";
+    std::filesystem::remove(file);
+    TestProcess process(command, environment(), file);
+    if (process.await() != 0) return std::nullopt;
+    return textOf(file);
+}
+
+std::optional<std::string>
+SoundServer::loadModule(const std::vector<std::string>& nameAndArguments) {
+    std::vector<std::string> command = {"load-module"};
+    command.insert(command.end(), nameAndArguments.begin(), nameAndArguments.end());
+    auto index = control(command);
+    if (index) index->erase(index->find_last_not_of(" \n") + 1);
+    return index;
+}
+
+bool SoundServer::unloadModule(const std::string& index) {
+    return control({"unload-module", index}).has_value();
+}
+
+void SoundServer::play(std::span<const float> samples, int sampleRateHz, const std::string& sink) {
+    mPlayer.reset();
+    const std::string file = mFolder + "/samples.raw";
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(samples.data()),
+               std::streamsize(samples.size_bytes()));
+    const std::vector<std::string> command = {"pacat",
+                                              "--playback",
+                                              "--raw",
+                                              "--format=float32ne",
+                                              "--channels=1",
+                                              "--rate=" + std::to_string(sampleRateHz),
+                                              "--device=" + sink,
+                                              "--latency-msec=50",
+                                              file};
+    mPlayer = std::make_unique<TestProcess>(command, environment(), "");
+}
+
+std::string SoundServer::output() const { return textOf(mFolder + "/output"); }
+
+} // namespace veltrano

@@ -12,7 +12,7 @@ namespace veltrano {
 namespace {
 
 // Thickness of horizontal strokes, by weight, as a share of the height of the capitals.
-double strokeShare(int weight) { return std::clamp(0.02 + weight * 0.00024, 0.07, 0.22); }
+double strokeShare(int weight) { return std::clamp(0.02 + weight * 0.00018, 0.06, 0.20); }
 
 } // namespace
 

@@ -39,13 +39,15 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 } // namespace
 
+AccessibleReadout::Listener AccessibleReadout::sListener;
+
 AccessibleReadout::AccessibleReadout(QWidget& widget, QAccessible::Role role)
     : mWidget(widget), mRole(role) {}
 
 void AccessibleReadout::install() { QAccessible::installFactory(makeInterface); }
 
 void AccessibleReadout::accessibleValueChanged() {
-    if (!QAccessible::isActive() || mIsWaiting) return;
+    if (mIsWaiting || !sListener.isActive()) return;
     mIsWaiting = true;
     const qint64 pause = mSinceAnnounced.isValid()
                              ? std::max(qint64{0}, kShortestPause - mSinceAnnounced.elapsed())
@@ -57,9 +59,9 @@ void AccessibleReadout::announce() {
     mIsWaiting = false;
     mSinceAnnounced.start();
     QAccessibleValueChangeEvent value(&mWidget, accessibleValue());
-    QAccessible::updateAccessibility(&value);
+    sListener.hear(&value);
     QAccessibleEvent name(&mWidget, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&name);
+    sListener.hear(&name);
 }
 
 } // namespace veltrano

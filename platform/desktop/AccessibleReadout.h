@@ -24,12 +24,21 @@ public:
     /// Makes assistive technologies see the readouts. Call once or more, before they are shown.
     static void install();
 
+    /// Who is told of changes; the desktop's assistive technologies unless a test stands in.
+    struct Listener {
+        bool (*isActive)() = QAccessible::isActive;
+        void (*hear)(QAccessibleEvent*) = QAccessible::updateAccessibility;
+    };
+    static void setListener(const Listener& listener) { sListener = listener; }
+
 protected:
     /// To be called after each change; announced at most four times a second, the last one always.
     void accessibleValueChanged();
 
 private:
     void announce();
+
+    static Listener sListener;
 
     QWidget& mWidget;
     const QAccessible::Role mRole;

@@ -14,8 +14,8 @@ enum class AppearanceChoice { system, light, dark };
 /// Whether the application is shown in light or dark colours, decided by the lightness of its
 /// window colour, so that it follows the desktop. Thread: main.
 ///
-/// A change reaches every widget as an ordinary palette change, upon which it paints itself again
-/// and asks anew.
+/// A change reaches every widget in the next turn of the event loop as an ordinary palette change,
+/// upon which it paints itself again and asks anew.
 class Appearance {
 public:
     static bool isDark();                        ///< the application's palette

@@ -8,7 +8,10 @@ namespace veltrano {
 
 QImage drawingPass(QWidget& window) {
     const double ratio = window.devicePixelRatioF();
-    QImage image((QSizeF(window.size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    // At a broken ratio the last row and column are only partly the window's: they are left out.
+    const QSize pixels(static_cast<int>(window.width() * ratio),
+                       static_cast<int>(window.height() * ratio));
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
     window.render(&image);

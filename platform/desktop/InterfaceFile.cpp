@@ -4,7 +4,9 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QThread>
 #include <QUiLoader>
+#include <utility>
 
 namespace veltrano {
 
@@ -23,6 +25,30 @@ public:
 
 private:
     const QStringList mPaths;
+};
+
+// The loader also warns of a broken file on its own; those warnings are held back, because the
+// error given to the caller says the same. Main thread; other threads' messages pass.
+class HeldWarnings {
+public:
+    HeldWarnings() { sPrevious = qInstallMessageHandler(hold); }
+    ~HeldWarnings() { qInstallMessageHandler(sPrevious); }
+    HeldWarnings(const HeldWarnings&) = delete;
+    HeldWarnings& operator=(const HeldWarnings&) = delete;
+
+    static QStringList take() { return std::exchange(sTexts, {}); }
+
+private:
+    static void hold(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+            sTexts.append(text);
+        } else {
+            sPrevious(type, context, text);
+        }
+    }
+
+    inline static QStringList sTexts;
+    inline static QtMessageHandler sPrevious = nullptr;
 };
 
 class Loader final : public QUiLoader {
@@ -54,8 +80,19 @@ std::unique_ptr<QWidget> loadInterfaceFile(const QString& path, const WidgetMake
         const WithoutLibraryPaths scope;
         return std::make_unique<Loader>(makers);
     }();
-    std::unique_ptr<QWidget> widget(loader->load(&file));
-    if (!widget) *error = path + QStringLiteral(": ") + loader->errorString().simplified();
+    std::unique_ptr<QWidget> widget;
+    QStringList warnings;
+    {
+        const HeldWarnings scope;
+        widget.reset(loader->load(&file));
+        warnings = scope.take();
+    }
+    if (widget) {
+        for (const QString& warning : warnings)
+            qWarning("%s", qUtf8Printable(warning));
+    } else {
+        *error = path + QStringLiteral(": ") + loader->errorString().simplified();
+    }
     return widget;
 }
 

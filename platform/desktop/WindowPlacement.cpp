@@ -14,6 +14,7 @@ namespace {
 constexpr int kTolerance = 2; // [pixels] size increments and borders of the window managers
 
 bool meets(int a, int b) { return std::abs(a - b) <= kTolerance; }
+bool isHalf(int a, int b) { return std::abs(2 * a - b) <= 2 * kTolerance; }
 
 } // namespace
 
@@ -35,8 +36,8 @@ bool isTiled(const QRect& frame, const QRect& available) {
     const bool fullHeight = top && bottom;
     const bool fullWidth = left && right;
     const bool quarter = (left || right) && (top || bottom) &&
-                         meets(frame.width() * 2, available.width()) &&
-                         meets(frame.height() * 2, available.height());
+                         isHalf(frame.width(), available.width()) &&
+                         isHalf(frame.height(), available.height());
     return fullHeight || fullWidth || quarter;
 }
 

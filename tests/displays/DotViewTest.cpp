@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The lights' pictures.
+#include "displays/DotView.h"
+
+#include "tests/support/Pictures.h"
+#include "tests/support/RecordingLog.h"
+
+#include <gtest/gtest.h>
+
+namespace veltrano {
+namespace {
+
+constexpr QRgb kGreen = 0xff00ff00;
+constexpr QRgb kRed = 0xffff0000;
+
+class DotViewTest : public testing::Test {
+protected:
+    DotViewTest() {
+        mArtwork.addPlain("green16x16", 16, 16, "#00ff00");
+        mArtwork.add("red24x24", 24, 24, "<rect width=\"12\" height=\"24\" fill=\"#ff0000\"/>");
+    }
+
+    ArtworkFolder mArtwork;
+    RecordingLog mLog;
+    ImageLibrary mImages{mArtwork.path(), mLog};
+};
+
+// The three kinds of lights behave alike.
+template <class View>
+class EveryDotView : public DotViewTest {};
+using Kinds = testing::Types<InTuneDotView, OutOfTuneDotView, LevelDotView>;
+TYPED_TEST_SUITE(EveryDotView, Kinds);
+
+TYPED_TEST(EveryDotView, StretchesItsImageToItsBounds) {
+    TypeParam view;
+    view.resize(40, 20);
+    EXPECT_EQ(extentOfColor(pictureOf(view), kGreen), QRect()) << "no image yet";
+    view.setImage(this->mImages.imageNamed("green16x16"));
+    EXPECT_EQ(extentOfColor(pictureOf(view), kGreen), QRect(0, 0, 40, 20));
+    EXPECT_EQ(extentOfColor(pictureOf(view, 2), kGreen), QRect(0, 0, 80, 40));
+    view.setImage(this->mImages.imageNamed("red24x24"));
+    EXPECT_EQ(extentOfColor(pictureOf(view), kRed), QRect(0, 0, 20, 20)) << "left half";
+    view.setImage(nullptr);
+    EXPECT_EQ(extentOfColor(pictureOf(view), kRed), QRect());
+}
+
+TYPED_TEST(EveryDotView, RedrawsOnlyForAnotherImage) {
+    TypeParam view;
+    view.resize(40, 20);
+    view.show();
+    PaintCounter paints(view);
+    paints.take();
+    view.setImage(this->mImages.imageNamed("green16x16"));
+    EXPECT_EQ(paints.take(), 1);
+    view.setImage(this->mImages.imageNamed("green16x16"));
+    EXPECT_EQ(paints.take(), 0);
+    view.setImage(this->mImages.imageNamed("red24x24"));
+    EXPECT_EQ(paints.take(), 1);
+}
+
+TYPED_TEST(EveryDotView, SaysItsColour) {
+    TypeParam view;
+    EXPECT_EQ(view.accessibleValue(), "");
+    view.setImage(this->mImages.imageNamed("green16x16"));
+    EXPECT_EQ(view.accessibleValue(), "green");
+}
+
+TEST_F(DotViewTest, KindsCanBeToldApart) {
+    EXPECT_STREQ(InTuneDotView().metaObject()->className(), "veltrano::InTuneDotView");
+    EXPECT_STREQ(OutOfTuneDotView().metaObject()->className(), "veltrano::OutOfTuneDotView");
+    EXPECT_STREQ(LevelDotView().metaObject()->className(), "veltrano::LevelDotView");
+}
+
+} // namespace
+} // namespace veltrano

@@ -84,7 +84,7 @@ TEST(RoadOfABlock, NeitherAllocatesNorLocksNorWaits) {
     serve();
 
     EXPECT_GT(frames, 100) << "frames were handed over";
-    EXPECT_GT(controller.snapshot().droppedFrames, 0u) << "the main thread stalled";
+    EXPECT_GT(controller.record().dropped, 0u) << "the main thread stalled";
     EXPECT_EQ(controller.inputUnit().sampleRate(), 96000.0) << "the frame was sized anew";
     if (!RealtimeWatch::isCounting()) {
         GTEST_SKIP() << "The road was run; the sanitizer of this build counts for itself.";

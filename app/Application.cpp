@@ -40,8 +40,8 @@ UserDefaults Application::defaultsFor(const LaunchOptions& options) {
 }
 
 Application::Application(const LaunchOptions& options)
-    : mOptions(options), mDefaults(defaultsFor(options)),
-      mPreferences({mDefaults, mNotifications}), mImages(mResources.images(), mLog) {
+    : mOptions(options), mDefaults(defaultsFor(options)), mPreferences({mDefaults, mNotifications}),
+      mImages(mResources.images(), mLog) {
     std::vector<CombinedHardware::Part> parts;
     if (!mOptions.snapshotDir) {
         mPulse = std::make_unique<PulseHardware>(mLog, PulseHardware::Options{});
@@ -92,11 +92,15 @@ std::string Application::nameOfRecording() const {
 
 int Application::runWindow() {
     mController->applicationDidFinishLaunching();
+    const QMetaObject::Connection visibility =
+        QObject::connect(mWindow->windowHandle(), &QWindow::visibilityChanged,
+                         [this](QWindow::Visibility now) { followVisibility(now); });
     if (mRecording) {
         mFrameWatch->writeReadings(writeToStandardOutput);
         mRecording->startRealTime();
     }
     const int exitCode = QApplication::exec();
+    QObject::disconnect(visibility);
     if (mRecording) {
         mRecording->stopRealTime();
         mFrameWatch->finish();
@@ -130,6 +134,17 @@ int Application::writePicture(const QImage& picture) {
     return kDone;
 }
 
+void Application::followVisibility(QWindow::Visibility visibility) {
+    const bool isHidden = visibility == QWindow::Minimized || visibility == QWindow::Hidden;
+    if (isHidden == mIsHidden) return;
+    mIsHidden = isHidden;
+    if (isHidden) {
+        mController->applicationDidHide();
+    } else {
+        mController->applicationDidUnhide();
+    }
+}
+
 void Application::centerWindows() { centreOnScreen(*mWindow); }
 
 void Application::showTunerWindow() {
@@ -141,6 +156,8 @@ void Application::showTunerWindow() {
 void Application::showHelp() {
     if (!mHelp) mHelp = std::make_unique<HelpPanel>(mResources, mLog);
     mHelp->showHelpPanel();
+    // The program ends with the tuner window, whether help is open or not.
+    if (QWidget* window = mHelp->window()) window->setAttribute(Qt::WA_QuitOnClose, false);
 }
 
 } // namespace veltrano

@@ -22,6 +22,7 @@
 #include "platform/foundation/UserDefaults.h"
 #include "settings/Preferences.h"
 
+#include <QWindow>
 #include <memory>
 
 namespace veltrano {
@@ -46,6 +47,8 @@ private:
     int writePicture(const QImage& picture);
     static UserDefaults defaultsFor(const LaunchOptions& options);
 
+    void followVisibility(QWindow::Visibility visibility);
+
     void centerWindows() override;
     void showTunerWindow() override;
     void showHelp() override;
@@ -69,6 +72,7 @@ private:
     std::unique_ptr<HelpPanel> mHelp;
     std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
     std::unique_ptr<Controller> mController;
+    bool mIsHidden = false;
 };
 
 } // namespace veltrano

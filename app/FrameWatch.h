@@ -13,8 +13,8 @@ namespace veltrano {
 
 class TunerDisplay;
 
-/// Sets the recording's clock before each cycle; after it writes the readings or has a picture made.
-/// Thread: main. The references outlive it.
+/// Sets the recording's clock before each cycle; after it writes the readings or has a picture
+/// made. Thread: main. The references outlive it.
 class FrameWatch final : public FrameObserver {
 public:
     FrameWatch(RecordingClock& clock, const TunerDisplay& display);

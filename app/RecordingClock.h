@@ -14,7 +14,8 @@ class RecordingClock final : public Clock {
 public:
     double now() const override { return mNow; }
 
-    /// @param seconds of the recording; it starts anew when the input was changed, the clock does not
+    /// @param seconds of the recording; it starts anew when the input was changed, the clock does
+    /// not
     void frameEndsAt(double seconds) {
         if (seconds < mLast) mOffset += mLast;
         mLast = seconds;

@@ -30,11 +30,13 @@ TerminationSignals::TerminationSignals(std::function<void()> terminate)
         wakeUp().clear();
         mTerminate();
     });
-    for (const int signal : kSignals) std::signal(signal, handle);
+    for (const int signal : kSignals)
+        std::signal(signal, handle);
 }
 
 TerminationSignals::~TerminationSignals() {
-    for (const int signal : kSignals) std::signal(signal, SIG_DFL);
+    for (const int signal : kSignals)
+        std::signal(signal, SIG_DFL);
     delete mNotifier;
 }
 

@@ -20,7 +20,7 @@ namespace veltrano {
 /// Thread: main. Errors: an unreadable file reads as empty; synchronize() tells whether writing worked.
 class UserDefaults {
 public:
-    /// The user's own file, veltrano/veltrano.conf in the configuration folder.
+    /// The user's own file, veltrano/veltrano.ini in the configuration folder.
     UserDefaults();
     /// Another file (tests, portable use); it need not exist.
     explicit UserDefaults(const QString& path);

@@ -53,9 +53,10 @@ void ProportionalStage::resizeEvent(QResizeEvent*) {
 }
 
 void ProportionalStage::layOut() {
-    const QSize size = rounded(proposedSize(mMinimum, extentOf(this->size()), mKeys));
-    const QSize spare = this->size() - size;
-    mContents->setGeometry(spare.width() / 2, spare.height() / 2, size.width(), size.height());
+    const Extent wanted = proposedSize(mMinimum, extentOf(size()), mKeys);
+    const QSize taken = isClose(wanted, extentOf(size())) ? size() : rounded(wanted);
+    const QSize spare = size() - taken;
+    mContents->setGeometry(spare.width() / 2, spare.height() / 2, taken.width(), taken.height());
 }
 
 void ProportionalStage::settle() {

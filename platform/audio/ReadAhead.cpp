@@ -36,15 +36,10 @@ bool ReadAhead::fill() {
         const std::span<float> storage =
             std::span(mStorage).subspan(slot * mSamplesPerBlock, mSamplesPerBlock);
         const std::int64_t frames = mRecording.read(storage);
-        if (frames > 0) {
-            const auto samples = std::size_t(frames) * std::size_t(mRecording.channels());
-            mBlocks[slot] = Block{storage.first(samples), frames};
-            mFull.push(slot); // never full: there are as many places as slots
-        }
-        if (frames == 0) {
-            mHasReadAll.store(true, std::memory_order_release);
-            return false;
-        }
+        if (frames == 0) return false;
+        const auto samples = std::size_t(frames) * std::size_t(mRecording.channels());
+        mBlocks[slot] = Block{storage.first(samples), frames};
+        mFull.push(slot); // never full: there are as many places as slots
     }
     return true;
 }
@@ -73,11 +68,6 @@ const ReadAhead::Block* ReadAhead::front() noexcept {
 void ReadAhead::pop() noexcept {
     mFree.push(*mFront);
     mFront.reset();
-}
-
-bool ReadAhead::isAtEnd() noexcept {
-    // In this order: a block that was pushed before the flag was set is then seen.
-    return mHasReadAll.load(std::memory_order_acquire) && front() == nullptr;
 }
 
 } // namespace veltrano

@@ -5,7 +5,6 @@
 #include "platform/audio/Recording.h"
 #include "platform/realtime/SpscRing.h"
 
-#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -18,7 +17,7 @@ namespace veltrano {
 
 /// About half a second of sound in blocks, filled by a thread that may wait for the disk.
 ///
-/// Thread: front(), pop() and isAtEnd() on the playing thread: they never wait, lock or allocate.
+/// Thread: front() and pop() on the playing thread: they never wait, lock or allocate.
 /// Allocates: in the constructor, which also fills all blocks.
 /// Owns: the blocks; the recording is the owner's and is not to be touched meanwhile.
 class ReadAhead {
@@ -33,12 +32,10 @@ public:
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    /// The next block, valid until pop(); null when none is ready.
+    /// The next block, valid until pop(); null when none is ready, as after the last one.
     const Block* front() noexcept;
     /// Gives the front block back. Only after front() has answered one.
     void pop() noexcept;
-    /// Whether front() stays null for ever.
-    bool isAtEnd() noexcept;
 
 private:
     /// Fills free blocks until there is none or the recording ends; false at the end.
@@ -56,7 +53,6 @@ private:
     SpscRing<std::uint32_t> mFull;
     SpscRing<std::uint32_t> mFree;
     std::optional<std::uint32_t> mFront;  ///< playing thread
-    std::atomic<bool> mHasReadAll{false}; ///< written by the reading thread
 
     std::mutex mMutex;
     std::condition_variable mEnding;

@@ -170,19 +170,19 @@ TEST_F(AUInputDevices, AProcedureIsUsedAtTheNextStart) {
     plugAll();
     unit().setInputDeviceWithName("M : A");
     int other = 0;
-    const auto countOther = [](DeviceId, const AudioTimeStamp*, const AudioBufferList*,
-                               const AudioTimeStamp*, AudioBufferList*, const AudioTimeStamp*,
-                               void* refCon) noexcept -> Status {
-        ++*static_cast<int*>(refCon);
+    const auto addTen = [](DeviceId, const AudioTimeStamp*, const AudioBufferList*,
+                           const AudioTimeStamp*, AudioBufferList*, const AudioTimeStamp*,
+                           void* refCon) noexcept -> Status {
+        *static_cast<int*>(refCon) += 10;
         return 0;
     };
-    unit().setIOProc(countOther, &other);
+    unit().setIOProc(addTen, &other);
     EXPECT_TRUE(delivers(a));
     unit().stop();
     EXPECT_FALSE(delivers(a));
     unit().start();
     EXPECT_FALSE(delivers(a));
-    EXPECT_EQ(other, 1);
+    EXPECT_EQ(other, 10);
 }
 
 TEST_F(AUInputDevices, StartAndStopAddAndRemoveTheProcedure) {

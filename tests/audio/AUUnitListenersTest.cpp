@@ -162,14 +162,19 @@ TEST_F(AUUnitListeners, ADeviceListThatCannotBeReadIsEmpty) {
     EXPECT_EQ(registry().deviceIDs(), std::vector{a});
 }
 
-TEST_F(AUUnitListeners, AUnitThatEndsIsToldNoMore) {
-    ToldUnit first(registry(), "first", told);
-    auto second = std::make_unique<ToldUnit>(registry(), "second", told);
-    ToldUnit third(registry(), "third", told);
-    first.onTold = [&] { second.reset(); };
+TEST_F(AUUnitListeners, AUnitThatEndsIsToldNoMoreAndTheOthersAreNotPassedOver) {
+    auto first = std::make_unique<ToldUnit>(registry(), "first", told);
+    ToldUnit second(registry(), "second", told);
+    auto third = std::make_unique<ToldUnit>(registry(), "third", told);
+    ToldUnit fourth(registry(), "fourth", told);
+    second.onTold = [&] {
+        first.reset(); // was told before
+        third.reset(); // would be told next
+    };
     registry().audioHardwareListenerWithObject(PropertyCode::devices);
+    EXPECT_EQ(std::exchange(told, {}), (Lines{"first: dev#", "second: dev#", "fourth: dev#"}));
     registry().audioHardwareListenerWithObject(PropertyCode::devices);
-    EXPECT_EQ(told, (Lines{"first: dev#", "third: dev#", "first: dev#", "third: dev#"}));
+    EXPECT_EQ(told, (Lines{"second: dev#", "fourth: dev#"}));
 }
 
 TEST_F(AUUnitListeners, AtItsEndNoListenerIsLeftAndWhatWaitsIsDropped) {

@@ -196,10 +196,12 @@ TEST_F(RecordingDeviceTest, InRealTimeItWaitsForItsStart) {
 }
 
 TEST_F(RecordingDeviceTest, BothWaysOfPlayingTakeOverFromEachOther) {
-    const auto device = open(48000);   // longer than what is read ahead
-    EXPECT_FALSE(device->playBlock()); // has read a block that nobody took
+    const auto device = open(48000); // longer than what is read ahead
     start(*device);
     EXPECT_TRUE(device->playBlock());
+    stop(*device);
+    EXPECT_FALSE(device->playBlock()); // has read a block that nobody took
+    start(*device);
     device->startRealTime();
     device->startRealTime(); // nothing more
     ASSERT_TRUE(eventually([&] { return device->position() >= 500; }));

@@ -47,7 +47,7 @@ inline std::string littleEndian(std::uint64_t value, int bytes) {
 template <class Number>
 std::string bytesOf(const std::vector<Number>& numbers) {
     std::string bytes(numbers.size() * sizeof(Number), '\0');
-    std::memcpy(bytes.data(), numbers.data(), bytes.size());
+    if (!numbers.empty()) std::memcpy(bytes.data(), numbers.data(), bytes.size());
     return bytes;
 }
 

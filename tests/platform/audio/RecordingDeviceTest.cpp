@@ -2,11 +2,9 @@
 // A recording as a microphone.
 #include "platform/audio/RecordingDevice.h"
 #include "tests/platform/audio/BlockRecorder.h"
-#include "tests/platform/audio/RealTimeCalls.h"
 #include "tests/platform/audio/SoundFileBytes.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -229,60 +227,6 @@ TEST_F(RecordingDeviceTest, ARecordingThatIsLongerThanWhatIsReadAheadArrivesWhol
         if (!isSilence) samples.insert(samples.end(), block.samples.begin(), block.samples.end());
     }
     EXPECT_EQ(samples, expectedSamples());
-}
-
-/// Counts from its first block on, until the last.
-struct CountingProc {
-    std::atomic<std::size_t> blocks{0};
-    std::atomic<std::size_t> allocations{0};
-    std::atomic<std::size_t> locks{0};
-
-    static Status call(DeviceId, const AudioTimeStamp*, const AudioBufferList*,
-                       const AudioTimeStamp*, AudioBufferList*, const AudioTimeStamp*,
-                       void* refCon) noexcept {
-        auto& self = *static_cast<CountingProc*>(refCon);
-        if (self.blocks.fetch_add(1) == 0) RealTimeCalls::begin();
-        self.allocations = RealTimeCalls::allocations();
-        self.locks = RealTimeCalls::locks();
-        return 0;
-    }
-};
-
-TEST_F(RecordingDeviceTest, TheDeliveringThreadNeitherAllocatesNorLocks) {
-    if (!RealTimeCalls::isAvailable()) GTEST_SKIP() << "cannot be counted in a sanitized build";
-    for (const char* name : {"fast", "real time"}) {
-        SCOPED_TRACE(name);
-        const auto device = open(30000, 2, 384000, 16);
-        CountingProc counter;
-        hardware.addIOProc(device->id(), CountingProc::call, &counter);
-        hardware.start(device->id(), CountingProc::call);
-        if (name == std::string("fast")) {
-            while (device->playBlock()) {
-            }
-            RealTimeCalls::end();
-        } else {
-            device->startRealTime();
-            ASSERT_TRUE(eventually([&] { return counter.blocks > 3000; })); // into the silence
-            device->stopRealTime();
-        }
-        EXPECT_GT(counter.blocks, 1500u);
-        EXPECT_EQ(counter.allocations, 0u);
-        EXPECT_EQ(counter.locks, 0u);
-    }
-}
-
-TEST_F(RecordingDeviceTest, TheCounterOfForbiddenCallsCounts) {
-    if (!RealTimeCalls::isAvailable()) GTEST_SKIP() << "cannot be counted in a sanitized build";
-    // Through a pointer that the compiler cannot follow, so that nothing is optimised away.
-    void* (*volatile allocate)(std::size_t) = std::malloc;
-    RealTimeCalls::begin();
-    std::free(allocate(10));
-    std::mutex mutex;
-    mutex.lock();
-    mutex.unlock();
-    RealTimeCalls::end();
-    EXPECT_EQ(RealTimeCalls::allocations(), 2u);
-    EXPECT_EQ(RealTimeCalls::locks(), 1u);
 }
 
 } // namespace

@@ -41,18 +41,19 @@ pa_channel_map channelMap(const std::vector<std::uint32_t>& positions) {
 
 } // namespace
 
-PulseInputStream::PulseInputStream(const Client& client, const DeviceRecord& device, double now,
-                                   std::function<void()> failed)
-    : mClient(client), mFailed(std::move(failed)) {
-    prepare(device);
-    mWatch.begin(now, device.format.sampleRate);
-}
+PulseInputStream::PulseInputStream(std::function<void()> failed) : mFailed(std::move(failed)) {}
 
 PulseInputStream::~PulseInputStream() { release(); }
 
+void PulseInputStream::attach(const Client& client, const DeviceRecord& device, double now) {
+    mClient = client;
+    mSampleTime = 0;
+    if (!isOpen()) prepare(device);
+    mWatch.begin(now, mFormat.sampleRate);
+}
+
 void PulseInputStream::prepare(const DeviceRecord& device) {
     mFormat = device.format;
-    mChannelPositions = device.channelPositions;
     mBlock.assign(kBlockFrames * mFormat.channelsPerFrame, 0.0f);
 }
 
@@ -63,14 +64,16 @@ Status PulseInputStream::open(pa_context* context, const DeviceRecord& device, d
     mOpenedAt = now;
     const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, std::uint32_t(mFormat.sampleRate),
                                 std::uint8_t(mFormat.channelsPerFrame)};
-    const pa_channel_map map = channelMap(mChannelPositions);
+    const pa_channel_map map = channelMap(device.channelPositions);
     mStream = pa_stream_new(context, "Tuner", &format, &map);
     if (!mStream) return pa_context_errno(context);
     pa_stream_set_state_callback(mStream, &PulseInputStream::onState, this);
     pa_stream_set_read_callback(mStream, &PulseInputStream::onReadable, this);
     const pa_buffer_attr sizes = bufferSizes(format);
-    // The user chose this device: the stream must not be moved to another one behind our back.
-    constexpr auto kFlags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY);
+    // The user chose this device: the stream must not be moved to another one behind our back. Its
+    // channels are taken in their order, since some devices rename them when they begin to run.
+    constexpr auto kFlags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY |
+                                              PA_STREAM_NO_REMAP_CHANNELS);
     if (pa_stream_connect_record(mStream, device.serverName.c_str(), &sizes, kFlags) == 0) {
         return 0;
     }
@@ -93,7 +96,7 @@ void PulseInputStream::release() {
 }
 
 bool PulseInputStream::fits(const DeviceRecord& device) const noexcept {
-    return isOpen() && mFormat == device.format && mChannelPositions == device.channelPositions;
+    return isOpen() && mFormat == device.format;
 }
 
 double PulseInputStream::secondsSilent(double now) const noexcept {
@@ -117,7 +120,7 @@ void PulseInputStream::readAll() noexcept {
     std::size_t bytes = 0;
     while (pa_stream_peek(mStream, &data, &bytes) == 0 && bytes > 0) {
         const std::size_t frames = bytes / mFormat.bytesPerFrame;
-        if (mWatch.sound(SteadyClock().now(), frames)) {
+        if (isAttached() && mWatch.sound(SteadyClock().now(), frames)) {
             deliver(static_cast<const float*>(data), frames);
         }
         pa_stream_drop(mStream);

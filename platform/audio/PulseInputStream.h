@@ -26,11 +26,16 @@ public:
     };
 
     /// @param failed called on the loop's thread when the stream is lost; hasFailed() is true then
-    PulseInputStream(const Client& client, const DeviceRecord& device, double now,
-                     std::function<void()> failed);
+    explicit PulseInputStream(std::function<void()> failed);
     ~PulseInputStream();
     PulseInputStream(const PulseInputStream&) = delete;
     PulseInputStream& operator=(const PulseInputStream&) = delete;
+
+    /// The device was started: @p client gets its sound, or silence, from now on.
+    void attach(const Client& client, const DeviceRecord& device, double now);
+    /// The device was stopped. The stream stays open; what comes is dropped.
+    void detach() noexcept { mClient = {}; }
+    bool isAttached() const noexcept { return mClient.proc != nullptr; }
 
     /// Asks the server for a stream in the device's own rate and channels, in place of an earlier
     /// one. @returns 0 or libpulse's error code
@@ -58,15 +63,14 @@ private:
     void deliver(const float* samples, std::size_t frames) noexcept;
     void release();
 
-    const Client mClient;
+    Client mClient; ///< proc is null while detached
     const std::function<void()> mFailed;
     StreamWatch mWatch;
-    std::vector<float> mBlock;                    ///< what the procedure sees; kBlockFrames long
-    StreamDescription mFormat;                    ///< of mBlock and of the stream
-    std::vector<std::uint32_t> mChannelPositions; ///< of the stream
-    double mSampleTime = 0;                       ///< [samples] delivered since the start
-    double mOpenedAt = 0;                         ///< [s]
-    pa_stream* mStream = nullptr;                 ///< null: none, for now
+    std::vector<float> mBlock;    ///< what the procedure sees; kBlockFrames long
+    StreamDescription mFormat;    ///< of mBlock and of the stream
+    double mSampleTime = 0;       ///< [samples] delivered since the start
+    double mOpenedAt = 0;         ///< [s]
+    pa_stream* mStream = nullptr; ///< null: none, for now
     bool mHasFailed = false;
 };
 

@@ -13,6 +13,9 @@ constexpr double kStreamRetrySeconds = 0.05; ///< after a failed stream of a lis
 /// A server that answers, but gives no sound, is asked for a new stream this often. Longer than the
 /// two seconds that a null sink may take to give its first sound.
 constexpr double kReopenSeconds = 3.0;
+/// The stream of a stopped device stays open for so long. A program that is told of devices stops
+/// and starts the one it uses, and a server may stumble over a stream that ends while it begins.
+constexpr double kLingerSeconds = 0.2;
 constexpr double kAnswerSeconds = 1.0; ///< a server that takes longer is not there
 
 std::string withStatus(std::string text, Status status) {
@@ -70,11 +73,21 @@ void PulseSession::begin() {
 void PulseSession::tend() {
     const double now = mClock.now();
     mConnection.tend(now);
-    for (auto& [device, input] : mInputs)
-        tendInput(device, input, now);
+    closeStopped(now);
+    for (auto& [device, input] : mInputs) {
+        if (input.stream->isAttached()) tendInput(device, input, now);
+    }
     watchForHang(now);
     announce(now);
     armTimer(now);
+}
+
+void PulseSession::closeStopped(double now) {
+    std::erase_if(mInputs, [&](const auto& entry) {
+        const Input& input = entry.second;
+        if (input.stream->isAttached()) return false;
+        return input.stream->hasFailed() || now >= input.detachedAt + kLingerSeconds;
+    });
 }
 
 void PulseSession::tendInput(DeviceId device, Input& input, double now) {
@@ -106,17 +119,20 @@ void PulseSession::failInput(const DeviceRecord& device, Input& input, Status st
     mLog.detail(withStatus("No stream from " + device.serverName, status));
 }
 
+bool PulseSession::isAnyStarted(const std::function<bool(const StreamWatch&)>& isSo) const {
+    return std::any_of(mInputs.begin(), mInputs.end(), [&](const auto& entry) {
+        return entry.second.stream->isAttached() && isSo(entry.second.stream->watch());
+    });
+}
+
 void PulseSession::watchForHang(double now) {
     if (!mConnection.context()) return;
-    const auto any = [this](auto isSo) {
-        return std::any_of(mInputs.begin(), mInputs.end(),
-                           [&](const auto& entry) { return isSo(entry.second.stream->watch()); });
-    };
-    const bool isStalled = any([](const StreamWatch& watch) { return watch.isSilent(); });
+    const bool isStalled = isAnyStarted([](const StreamWatch& watch) { return watch.isSilent(); });
     if ((isStalled && now >= mProbedAt + kAnswerSeconds) || mIsHung) sendProbe(now);
 
     const bool isOverdue = mProbe && now >= mProbedAt + kAnswerSeconds;
-    if (mIsHung || !isOverdue || !any([](const StreamWatch& watch) { return watch.isSpent(); })) {
+    if (mIsHung || !isOverdue ||
+        !isAnyStarted([](const StreamWatch& watch) { return watch.isSpent(); })) {
         return;
     }
     mLog.detail("The sound server does not answer.");
@@ -141,9 +157,7 @@ void PulseSession::onProbeAnswered(pa_context*, const pa_server_info* info, void
 }
 
 void PulseSession::announce(double now) {
-    const bool isSilent = std::any_of(mInputs.begin(), mInputs.end(), [](const auto& entry) {
-        return entry.second.stream->watch().isSilent();
-    });
+    const bool isSilent = isAnyStarted([](const StreamWatch& watch) { return watch.isSilent(); });
     const auto changes = mPolicy.decide(now, isSilent);
     if (changes) mReports.published(mPolicy.published(), *changes);
 }
@@ -155,10 +169,14 @@ void PulseSession::armTimer(double now) {
     };
     consider(mPolicy.deadline(now));
     for (const auto& [device, input] : mInputs) {
-        consider(input.stream->watch().deadline());
+        const PulseInputStream& stream = *input.stream;
+        if (!stream.isAttached()) {
+            consider(input.detachedAt + kLingerSeconds);
+            continue;
+        }
+        consider(stream.watch().deadline());
         if (input.retryAt > now) consider(input.retryAt);
-        if (input.stream->isOpen() && input.stream->watch().isSpent())
-            consider(now + kReopenSeconds);
+        if (stream.isOpen() && stream.watch().isSpent()) consider(now + kReopenSeconds);
     }
     const double answerDue = mProbedAt + kAnswerSeconds;
     if (mProbe && answerDue > now) consider(answerDue);
@@ -174,9 +192,27 @@ void PulseSession::armTimer(double now) {
 void PulseSession::startInput(const PulseInputStream::Client& client, const DeviceRecord& device) {
     mPolicy.started(client.device);
     Input& input = mInputs[client.device];
-    if (input.stream) return; // it runs already
-    input.stream = std::make_unique<PulseInputStream>(client, device, mClock.now(),
-                                                      [this] { mTimer.armNow(); });
+    if (!input.stream) {
+        input.stream = std::make_unique<PulseInputStream>([this] { mTimer.armNow(); });
+    }
+    if (!input.stream->isAttached()) input.stream->attach(client, device, mClock.now());
+    mTimer.armNow();
+}
+
+void PulseSession::stopInput(DeviceId device) {
+    const auto found = mInputs.find(device);
+    if (found == mInputs.end() || !found->second.stream->isAttached()) return;
+    Input& input = found->second;
+    const double now = mClock.now();
+    // What a stalled stream has gathered must not come out after the next start.
+    const bool isFit = input.stream->isOpen() && !input.stream->hasFailed() &&
+                       input.stream->secondsSilent(now) < StreamWatch::kStallSeconds;
+    if (!isFit) {
+        mInputs.erase(found);
+    } else {
+        input.stream->detach();
+        input.detachedAt = now;
+    }
     mTimer.armNow();
 }
 

@@ -38,7 +38,7 @@ public:
     /// The device need not be connected at the moment; sound comes when it is.
     void startInput(const PulseInputStream::Client& client, const DeviceRecord& device);
     /// When it has returned, the procedure is not running and is not called again.
-    void stopInput(DeviceId device) { mInputs.erase(device); }
+    void stopInput(DeviceId device);
 
     /// @param scalars one per channel, in [0, 1] @returns 0 or libpulse's error code
     Status setVolumes(const DeviceRecord& device, const std::vector<float>& scalars);
@@ -49,7 +49,8 @@ public:
 private:
     struct Input {
         std::unique_ptr<PulseInputStream> stream;
-        double retryAt = 0; ///< [s] when a failed stream may be opened again
+        double retryAt = 0;    ///< [s] when a failed stream may be opened again
+        double detachedAt = 0; ///< [s] when the device was stopped
         bool isFailureLogged = false;
     };
 
@@ -59,6 +60,8 @@ private:
     void onListed(ServerListing listing);
 
     void tend();
+    void closeStopped(double now);
+    bool isAnyStarted(const std::function<bool(const StreamWatch&)>& isSo) const;
     void tendInput(DeviceId device, Input& input, double now);
     void openInput(const DeviceRecord& device, Input& input, double now);
     void failInput(const DeviceRecord& device, Input& input, Status status, double now);
@@ -80,7 +83,7 @@ private:
     AnnouncementPolicy mPolicy;
     PulseConnection mConnection;
     PulseLister mLister;
-    std::map<DeviceId, Input> mInputs; ///< the started devices
+    std::map<DeviceId, Input> mInputs; ///< the started devices, and those just stopped
     PulseOperation mProbe;             ///< asks a server that gives no sound whether it is alive
     double mProbedAt = 0;              ///< [s]
     bool mIsHung = false;              ///< it did not answer; its devices count as unplugged

@@ -33,9 +33,11 @@ public:
         for (auto* count : {&blocks, &frames, &soundFrames, &crossings, &faults, &silentBlocks})
             count->store(0);
         firstFrames = 0;
-        for (auto* time : {&lastAt, &soundAt, &firstTime, &lastTime})
+        for (auto* time : {&lastAt, &soundAt, &resumedAt, &firstTime, &lastTime})
             time->store(0);
         channels = 0;
+        mLastSample = 0;
+        mWasSound = false;
     }
 
     std::atomic<std::uint64_t> blocks{0};
@@ -49,6 +51,7 @@ public:
     std::atomic<DeviceId> device{0};            ///< of the last block
     std::atomic<double> lastAt{0};              ///< [s] steady, when the last block came
     std::atomic<double> soundAt{0};   ///< [s] steady, when the last block that is not silent came
+    std::atomic<double> resumedAt{0}; ///< [s] steady, when sound began last, after silence or none
     std::atomic<double> firstTime{0}; ///< sample time of the first block
     std::atomic<double> lastTime{0};  ///< sample time of the last block
 
@@ -91,7 +94,9 @@ private:
         } else {
             add(soundFrames, length);
             soundAt = lastAt.load();
+            if (!mWasSound) resumedAt = lastAt.load();
         }
+        mWasSound = !isSilent;
     }
 
     /// There is one writer, so no read-modify-write is needed.
@@ -99,7 +104,9 @@ private:
         count.store(count.load(std::memory_order_relaxed) + more, std::memory_order_release);
     }
 
-    float mLastSample = 0; ///< of the first channel; the procedure's thread only
+    // The procedure's thread only.
+    float mLastSample = 0;  ///< of the first channel
+    bool mWasSound = false; ///< of the block before
 };
 
 } // namespace veltrano

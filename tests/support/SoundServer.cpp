@@ -2,11 +2,13 @@
 #include "tests/support/SoundServer.h"
 
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <numbers>
 #include <sstream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -53,21 +55,34 @@ bool waitFor(Condition condition, std::chrono::milliseconds limit) {
     return true;
 }
 
-/// PipeWire has no module for a tone, but a node that its configuration can put in.
-constexpr const char* kPipeWireTone = R"(
-context.spa-libs = { audiotestsrc = audiotestsrc/libspa-audiotestsrc }
-context.objects = [ {
-    factory = adapter
-    args = {
-        factory.name = audiotestsrc
-        node.name = tone
-        node.description = "Test Tone"
-        media.class = Audio/Source
-        object.linger = true
-        node.param.Props = { live = true frequency = 440.0 volume = 0.5 }
+/// What both servers load; PulseAudio's null sinks need another word to give sound at once.
+std::vector<std::string> modules(SoundServer::Devices devices, const std::string& more) {
+    const std::string sink = "module-null-sink rate=44100 " + more;
+    std::vector<std::string> names;
+    if (devices == SoundServer::Devices::none) return names;
+    names.push_back(sink + "sink_name=test sink_properties=device.description=TestSink");
+    if (devices == SoundServer::Devices::sink) return names;
+    // A sine source would give two seconds of sound at once; a sink keeps time.
+    names.push_back(sink + "sink_name=hum sink_properties=device.description=Hum");
+    names.push_back("module-remap-source master=hum.monitor source_name=tone "
+                    "source_properties=device.description=TestTone");
+    return names;
+}
+
+/// The tone as raw samples, for a server that cannot make one.
+void writeTone(const std::string& file) {
+    constexpr int kRate = 8000;
+    constexpr int kSeconds = 120; // longer than any test keeps one server
+    std::vector<float> samples(std::size_t(kRate) * kSeconds);
+    for (std::size_t index = 0; index < samples.size(); ++index) {
+        // One second holds 440 whole periods.
+        const double phase = double(index % kRate) * 440.0 / kRate;
+        samples[index] = float(0.5 * std::sin(2 * std::numbers::pi * phase));
     }
-} ]
-)";
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(samples.data()),
+               std::streamsize(samples.size() * sizeof(float)));
+}
 
 } // namespace
 
@@ -145,25 +160,28 @@ SoundServer::~SoundServer() {
 
 void SoundServer::writeConfiguration() const {
     namespace fs = std::filesystem;
-    for (const char* folder : {"/rt", "/home", "/config/pulse", "/config/pipewire/pipewire.conf.d"})
+    for (const char* folder :
+         {"/rt/pulse", "/home", "/config/pulse", "/config/pipewire/pipewire-pulse.conf.d"})
         fs::create_directories(mFolder + folder);
-    fs::permissions(mFolder + "/rt", fs::perms::owner_all);
+    for (const char* folder : {"/rt", "/rt/pulse"})
+        fs::permissions(mFolder + folder, fs::perms::owner_all);
     std::ofstream(mFolder + "/config/pulse/client.conf") << "autospawn = no\n";
-    if (mKind == Kind::pipeWire && mDevices == Devices::sinkAndTone) {
-        std::ofstream(mFolder + "/config/pipewire/pipewire.conf.d/tone.conf") << kPipeWireTone;
-    }
+    if (mKind != Kind::pipeWire) return;
+    std::ofstream devices(mFolder + "/config/pipewire/pipewire-pulse.conf.d/devices.conf");
+    devices << "pulse.cmd = [\n";
+    for (const std::string& module : modules(mDevices, ""))
+        devices << "{ cmd = \"load-module\" args = \"" << module << "\" flags = [ ] }\n";
+    devices << "]\n";
+    if (mDevices == Devices::sinkAndTone) writeTone(mFolder + "/tone.raw");
 }
 
-std::string SoundServer::address() const {
-    return "unix:" + mFolder +
-           (mKind == Kind::pulseAudio ? "/rt/pulse-native" : "/rt/pulse/native");
-}
+std::string SoundServer::address() const { return "unix:" + mFolder + "/rt/pulse/native"; }
 
 std::vector<std::string> SoundServer::environment() const {
     return {"HOME=" + mFolder + "/home",
             "XDG_RUNTIME_DIR=" + mFolder + "/rt",
             "XDG_CONFIG_HOME=" + mFolder + "/config",
-            "PULSE_RUNTIME_PATH=" + mFolder + "/rt",
+            "PULSE_RUNTIME_PATH=" + mFolder + "/rt/pulse",
             "PULSE_SERVER=" + address(),
             "DBUS_SESSION_BUS_ADDRESS=unix:path=" + mFolder + "/rt/bus",
             "DISPLAY="};
@@ -180,13 +198,12 @@ void SoundServer::launchPulseAudio() {
         // A new server must not mistake the dead one, not yet buried, for a living one.
         "--use-pid-file=no", "-n",
         "--load=module-native-protocol-unix auth-anonymous=1 socket=" + mFolder +
-            "/rt/pulse-native"};
-    if (mDevices != Devices::none) {
-        // With rewinds a null sink may give nothing for two seconds.
-        command.push_back("--load=module-null-sink sink_name=test rate=44100 norewinds=1");
-    }
+            "/rt/pulse/native"};
+    // With rewinds a null sink may give nothing for two seconds.
+    for (const std::string& module : modules(mDevices, "norewinds=1 "))
+        command.push_back("--load=" + module);
     if (mDevices == Devices::sinkAndTone) {
-        command.push_back("--load=module-sine-source source_name=tone rate=44100 frequency=440");
+        command.push_back("--load=module-sine sink=hum frequency=440");
     }
     add(command);
 }
@@ -202,6 +219,11 @@ void SoundServer::launchPipeWire() {
     waitFor([&] { return exists("/rt/pipewire-0"); }, 5s);
     add({"wireplumber"});
     add({"pipewire-pulse"});
+    if (mDevices != Devices::sinkAndTone) return;
+    add({"sh", "-c",
+         "until pacat --playback --raw --format=float32ne --channels=1 --rate=8000 --device=hum "
+         "--latency-msec=50 " +
+             mFolder + "/tone.raw; do sleep 0.005; done"});
 }
 
 void SoundServer::launch() {
@@ -227,12 +249,6 @@ bool SoundServer::answers() const {
 }
 
 bool SoundServer::awaitReady() {
-    if (mKind == Kind::pulseAudio) return waitFor([this] { return answers(); }, 10s);
-    if (!waitFor([this] { return control({"info"}).has_value(); }, 10s)) return false;
-    const bool hasSink = control({"list", "short", "sinks"})->find("\ttest\t") != std::string::npos;
-    if (mDevices != Devices::none && !hasSink) {
-        loadModule({"module-null-sink", "sink_name=test", "rate=44100"});
-    }
     return waitFor([this] { return answers(); }, 10s);
 }
 

@@ -38,7 +38,8 @@ private:
 /// PulseAudio, or PipeWire with its session manager and its PulseAudio server, on sockets of its
 /// own in a fresh folder. It is started by start(), and ended with its processes by the destructor.
 ///
-/// It offers the source "tone" (a 440 Hz sine; see Devices) and the sink "test".
+/// Its devices are described as "TestSink", "Monitor of TestSink", "TestTone", "Hum" and
+/// "Monitor of Hum".
 /// Thread: main.
 class SoundServer {
 public:
@@ -46,7 +47,7 @@ public:
     enum class Devices {
         none,       ///< PipeWire puts in a sink of its own then
         sink,       ///< "test" with its monitor "test.monitor"
-        sinkAndTone ///< and "tone"
+        sinkAndTone ///< and the source "tone", a 440 Hz sine that is played into a sink "hum"
     };
 
     /// The reason why a server of this kind cannot be started here, or nullopt.

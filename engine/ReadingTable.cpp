@@ -11,6 +11,8 @@ namespace veltrano {
 
 namespace {
 
+constexpr double kSilenceSeconds = 1.0; ///< without an estimate, until a note has ended
+
 /// Columns as people see them: a continuation byte of UTF-8 takes no place.
 std::size_t widthOf(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
@@ -48,14 +50,15 @@ ReadingTable::ReadingTable(std::function<void(const std::string&)> write)
     : mWrite(std::move(write)) {}
 
 void ReadingTable::add(const ReadingRecord& record, const TunerDisplay& display) {
-    const bool isEstimate = record.shown && frequency_gate::isAccepted(record.rawFrequency);
-    const std::string note = isEstimate ? noteOf(display) : std::string();
-    if (note != mNote) {
+    if (record.seconds > mLast + kSilenceSeconds) finish();
+    if (!record.shown || !frequency_gate::isAccepted(record.rawFrequency)) return;
+    if (const std::string note = noteOf(display); note != mNote) {
         finish();
         mNote = note;
         mStart = record.seconds;
     }
-    if (isEstimate) mReadings.push_back({record.deviation, columnsOf(display)});
+    mLast = record.seconds;
+    mReadings.push_back({record.deviation, columnsOf(display)});
 }
 
 void ReadingTable::finish() {

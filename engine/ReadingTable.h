@@ -11,7 +11,8 @@
 
 namespace veltrano {
 
-/// Gathers the frames of one note and writes its line when the note changes or falls silent.
+/// Gathers the frames of one note and writes its line when the note changes or has been silent for
+/// a second; a shorter gap belongs to the note.
 ///
 /// The line shows the note's middle reading: the one whose deviation is the median of its frames,
 /// so that neither the hammer nor the fading end decides. Thread: main.
@@ -35,6 +36,7 @@ private:
     std::function<void(const std::string&)> mWrite;
     std::string mNote; ///< empty: no note sounds
     double mStart = 0; ///< [s] end of the note's first frame
+    double mLast = 0;  ///< [s] end of its last one
     std::vector<Reading> mReadings;
     bool mHasHeading = false;
 };

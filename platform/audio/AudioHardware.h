@@ -56,7 +56,8 @@ public:
                                           void* client) = 0;
     virtual Status addDeviceListener(DeviceId, std::uint32_t channel, Direction, PropertyCode,
                                      AudioDeviceListenerProc proc, void* client) = 0;
-    /// After it has returned, no further call of @p proc for this registration begins.
+    /// After it has returned, @p proc is not running for this registration (unless it is itself the
+    /// caller) and no further call begins; removeHardwareListener() promises the same.
     virtual Status removeDeviceListener(DeviceId, std::uint32_t channel, Direction, PropertyCode,
                                         AudioDeviceListenerProc proc) = 0;
 

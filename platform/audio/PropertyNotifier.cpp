@@ -59,7 +59,7 @@ template <class L, class Matches, class Call>
 void PropertyNotifier::callMatching(const List<L>& list, Matches matches, Call call) {
     const std::scoped_lock lock(mListenerMutex);
     // A listener may add and remove listeners: walk over a copy, skip those that are gone by then.
-    const List<L> now = list;
+    const List<L> now(list.begin(), list.end());
     for (const auto& entry : now) {
         if (!matches(entry.listener)) continue;
         const bool isStillThere = std::any_of(list.begin(), list.end(), [&](const auto& other) {

@@ -62,7 +62,7 @@ int Application::run() {
     mRegistry = std::make_unique<AUUnitRegistry>(
         *mHardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog);
     mWindow = TunerWindow::create(mResources, mImages, mLog);
-    if (!mWindow) return refused("the window's interface file cannot be used");
+    if (!mWindow) return kRefused; // the log has said why
     makeController();
     mController->awakeFromNib();
     return mOptions.snapshotDir ? writeSnapshot() : runWindow();

@@ -72,9 +72,19 @@ TunerWindow::TunerWindow(std::unique_ptr<QWidget> contents, const TunerOutlets& 
     std::ranges::transform(kLightImageNames, mLightImages.begin(), [&](const char* name) {
         return images.imageNamed(QLatin1String(name));
     });
+    switchLightsOff();
     mStage = new ProportionalStage(std::move(contents), std::move(settleTimer), this);
     setCentralWidget(mStage);
     setScale(firstScale(mStage->minimum(), screen()));
+}
+
+void TunerWindow::switchLightsOff() {
+    for (int light = 0; light < kLevelLights; ++light) {
+        setLight(levelLight(light), LightImage::gray16x16);
+    }
+    setLight(TunerLight::inTune, LightImage::gray28x28);
+    setLight(TunerLight::flat, LightImage::gray24x24);
+    setLight(TunerLight::sharp, LightImage::gray24x24);
 }
 
 void TunerWindow::setScale(double factor) {

@@ -64,6 +64,8 @@ private:
     TunerWindow(std::unique_ptr<QWidget> contents, const TunerOutlets& outlets,
                 ImageLibrary& images, std::unique_ptr<OneShotTimer> settleTimer);
 
+    void switchLightsOff(); ///< until the tuner has heard something
+
     ProportionalStage* mStage; ///< child of this
     const TunerOutlets mOutlets;
     std::array<ImageRef, kLightImages> mLightImages; ///< by LightImage

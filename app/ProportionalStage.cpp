@@ -61,15 +61,13 @@ void ProportionalStage::layOut() {
 
 void ProportionalStage::settle() {
     const Extent wanted = proposedSize(mMinimum, extentOf(size()), mKeys);
-    if (!isFreeToSettle() || isClose(wanted, extentOf(size()))) return;
-    window()->resize(window()->size() + rounded(wanted) - size());
-}
-
-bool ProportionalStage::isFreeToSettle() const {
-    const QWidget* frame = window();
-    if (frame->isMaximized() || frame->isFullScreen()) return false;
+    QWidget* frame = window();
     const QScreen* screen = frame->screen();
-    return screen == nullptr || !isTiled(frame->frameGeometry(), screen->availableGeometry());
+    if (screen == nullptr) return;
+    const QRect available = screen->availableGeometry();
+    if (!isFloating(frame->windowState(), frame->frameGeometry(), available)) return;
+    if (isClose(wanted, extentOf(size()))) return;
+    frame->resize(frame->size() + rounded(wanted) - size());
 }
 
 } // namespace veltrano

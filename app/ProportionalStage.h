@@ -39,7 +39,6 @@ protected:
 private:
     void layOut();
     void settle();
-    bool isFreeToSettle() const;
 
     QWidget* const mContents; ///< child of this
     const Extent mMinimum;

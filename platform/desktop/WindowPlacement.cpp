@@ -41,4 +41,9 @@ bool isTiled(const QRect& frame, const QRect& available) {
     return fullHeight || fullWidth || quarter;
 }
 
+bool isFloating(Qt::WindowStates state, const QRect& frame, const QRect& available) {
+    const bool isPlaced = state.testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen);
+    return !isPlaced && !isTiled(frame, available);
+}
+
 } // namespace veltrano

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QRect>
+#include <Qt>
 
 class QWidget;
 
@@ -16,5 +17,8 @@ void centreOnScreen(QWidget& window);
 /// the free area of its screen, as the window managers' tiling leaves it. No window system of ours
 /// tells an application so; the frame does.
 bool isTiled(const QRect& frame, const QRect& available);
+
+/// Whether a window may choose its own size: it is neither maximised, full screen nor tiled.
+bool isFloating(Qt::WindowStates state, const QRect& frame, const QRect& available);
 
 } // namespace veltrano

@@ -203,6 +203,27 @@ TEST(StrobePattern, PhaseOfAPeriodLongerThanTheFrame) {
     EXPECT_EQ(pattern.frameIndex(), 160);
 }
 
+TEST(StrobePattern, PhaseAtTheEndOfTheFrameStaysThere) {
+    // kept: only what lies beyond the frame is taken back
+    StrobePattern pattern = patternFor(10, 1);
+    std::vector<float> frame(20, -1.0f);
+    for (const double expected : {10.0, 20.0, 10.0, 20.0}) {
+        pattern.pass(frame, 20);
+        EXPECT_EQ(pattern.frameIndex(), expected);
+    }
+    frame[0] = 1; // the end of the frame is its beginning
+    EXPECT_EQ(copyOf(pattern.pass(frame, 20)), (Runs{{0, 1}}));
+}
+
+TEST(StrobePattern, PhaseIsRoundedToTheNearestSampleHalvesUp) {
+    StrobePattern pattern = patternFor(5, 2);
+    std::vector<float> frame(5, -1.0f);
+    pattern.pass(frame, 5);
+    ASSERT_EQ(pattern.frameIndex(), 2.5);
+    frame[3] = 1;
+    EXPECT_EQ(copyOf(pattern.pass(frame, 5)), (Runs{{0, 1}}));
+}
+
 TEST(StrobePattern, PhaseBeyondTheFrameWrapsToItsBeginning) {
     StrobePattern pattern = patternFor(100, 1);
     std::vector<float> frame(11, -1.0f); // 100 - 11 - 11 = 78 = 7 * 11 + 1

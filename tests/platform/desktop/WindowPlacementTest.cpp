@@ -47,5 +47,16 @@ TEST(WindowPlacement, Tiled) {
     }
 }
 
+TEST(WindowPlacement, Floating) {
+    const QRect available(100, 30, 1600, 1000);
+    const QRect somewhere(300, 200, 600, 356);
+    const QRect half(100, 30, 800, 1000);
+    EXPECT_TRUE(isFloating(Qt::WindowNoState, somewhere, available));
+    EXPECT_TRUE(isFloating(Qt::WindowActive, somewhere, available));
+    EXPECT_FALSE(isFloating(Qt::WindowMaximized, somewhere, available));
+    EXPECT_FALSE(isFloating(Qt::WindowFullScreen | Qt::WindowActive, somewhere, available));
+    EXPECT_FALSE(isFloating(Qt::WindowNoState, half, available));
+}
+
 } // namespace
 } // namespace veltrano

@@ -6,6 +6,7 @@
 #include "tests/support/RecordingLog.h"
 
 #include <QScreen>
+#include <QTextBrowser>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -83,6 +84,18 @@ TEST_F(HelpPanelTest, WithoutItsFileItLogsBeepsAndStops) {
     mFolder.write("Help.ui", kInterface);
     mPanel.showHelpPanel(); // tried anew each time
     EXPECT_NE(mPanel.window(), nullptr);
+}
+
+TEST(HelpPanel, OwnHelpIsThere) {
+    RecordingLog log;
+    HelpPanel panel(ResourceFolder::find(), log, [] { FAIL() << "beeped"; });
+    panel.showHelpPanel();
+    ASSERT_NE(panel.window(), nullptr);
+    const auto* text = panel.window()->findChild<QTextBrowser*>("helpText");
+    ASSERT_NE(text, nullptr);
+    for (const char* said : {"First tuning", "strobe", "Needle", "Level", "veltrano --input"}) {
+        EXPECT_TRUE(text->toPlainText().contains(said)) << said;
+    }
 }
 
 } // namespace

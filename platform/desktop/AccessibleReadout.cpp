@@ -19,7 +19,7 @@ public:
         : QAccessibleWidget(widget, readout.accessibleRole()), mReadout(readout) {}
 
     QString text(QAccessible::Text kind) const override {
-        const QString value = mReadout.accessibleValue();
+        QString value = mReadout.accessibleValue();
         if (kind == QAccessible::Value) return value;
         if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
         const QString name = widget()->accessibleName();

@@ -90,9 +90,8 @@ TEST_P(LiveTuner, TheDeviceListFollowsLoadingAndUnloading) {
     const auto isNew = [](const QJsonObject& device) {
         return device["name"].toString().endsWith("Plugged");
     };
-    ASSERT_TRUE(lister.await(5, [](const QJsonObject& device) {
-        return device["direction"] == "output";
-    }));
+    ASSERT_TRUE(
+        lister.await(5, [](const QJsonObject& device) { return device["direction"] == "output"; }));
     const auto module = mServer->loadModule(
         {"module-null-sink", "sink_name=plugged", "sink_properties=device.description=Plugged"});
     ASSERT_TRUE(module);
@@ -109,7 +108,8 @@ TEST_P(LiveTuner, TheDeviceListFollowsLoadingAndUnloading) {
 
 TEST_P(LiveTuner, ResumesEachTimeTheServerIsKilledAndBack) {
     const int kills = isSoak() ? 100 : 10;
-    ListeningTuner tuner(mServer->address(), {"listen", "--json", "--device", inputNamed("TestTone")});
+    ListeningTuner tuner(mServer->address(),
+                         {"listen", "--json", "--device", inputNamed("TestTone")});
     ASSERT_TRUE(tuner.await(10, isA4));
     std::vector<double> delays;
     int filesAtStart = 0;
@@ -131,10 +131,11 @@ TEST_P(LiveTuner, ResumesEachTimeTheServerIsKilledAndBack) {
     std::sort(delays.begin(), delays.end());
     const int files = openFiles(tuner.id());
     const int memory = residentKib(tuner.id());
-    std::printf("%d kills: server ready to first reading: median %.3f s, least %.3f s, most %.3f s; "
-                "open files %d -> %d, resident %d -> %d KiB\n",
-                kills, delays[delays.size() / 2], delays.front(), delays.back(), filesAtStart, files,
-                memoryAtStart, memory);
+    std::printf(
+        "%d kills: server ready to first reading: median %.3f s, least %.3f s, most %.3f s; "
+        "open files %d -> %d, resident %d -> %d KiB\n",
+        kills, delays[delays.size() / 2], delays.front(), delays.back(), filesAtStart, files,
+        memoryAtStart, memory);
     EXPECT_LT(delays[delays.size() / 2], 0.5);
     EXPECT_LE(files, filesAtStart + 1);
 #ifndef VELTRANO_SANITIZED
@@ -143,7 +144,8 @@ TEST_P(LiveTuner, ResumesEachTimeTheServerIsKilledAndBack) {
 }
 
 TEST_P(LiveTuner, AHungServerIsNoticedAndSurvived) {
-    ListeningTuner tuner(mServer->address(), {"listen", "--json", "--device", inputNamed("TestTone")});
+    ListeningTuner tuner(mServer->address(),
+                         {"listen", "--json", "--device", inputNamed("TestTone")});
     ASSERT_TRUE(tuner.await(10, isA4));
     mServer->hang();
     tuner.forget();
@@ -152,15 +154,18 @@ TEST_P(LiveTuner, AHungServerIsNoticedAndSurvived) {
     ASSERT_TRUE(tuner.await(2, [](const QJsonObject& frame) {
         return frame["rawPeak"].toDouble(1) == 0 && frame["inTune"] == "gray";
     })) << "the display must come to rest";
-    std::printf("hung server: the in-tune light is grey after %.3f s\n", double(timer.elapsed()) / 1000);
-    while (timer.elapsed() < 3000) tuner.await(0.5, [](const QJsonObject&) { return false; });
+    std::printf("hung server: the in-tune light is grey after %.3f s\n",
+                double(timer.elapsed()) / 1000);
+    while (timer.elapsed() < 3000)
+        tuner.await(0.5, [](const QJsonObject&) { return false; });
     mServer->goOn();
     EXPECT_TRUE(tuner.await(10, isA4));
     EXPECT_TRUE(tuner.isRunning());
 }
 
 INSTANTIATE_TEST_SUITE_P(Servers, LiveTuner,
-                         testing::Values(SoundServer::Kind::pulseAudio, SoundServer::Kind::pipeWire),
+                         testing::Values(SoundServer::Kind::pulseAudio,
+                                         SoundServer::Kind::pipeWire),
                          [](const auto& kind) {
                              return kind.param == SoundServer::Kind::pulseAudio ? "PulseAudio"
                                                                                 : "PipeWire";

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The command line of veltrano.
+#include "app/LaunchOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace veltrano {
+namespace {
+
+Launch launch(const QStringList& arguments) {
+    return readLaunch(QStringList{"veltrano"} + arguments);
+}
+
+TEST(LaunchOptions, NothingGivenStartsTheTuner) {
+    const Launch plain = launch({});
+    ASSERT_TRUE(plain.options);
+    EXPECT_FALSE(plain.options->input);
+    EXPECT_FALSE(plain.options->snapshotDir);
+    EXPECT_FALSE(plain.options->settingsFile);
+    EXPECT_EQ(plain.options->appearance, AppearanceChoice::system);
+}
+
+TEST(LaunchOptions, EverythingGiven) {
+    const Launch full = launch({"--input", "a.wav", "--snapshot", "pictures", "--at", "1.5",
+                                "--appearance", "dark", "--settings", "my.ini"});
+    ASSERT_TRUE(full.options) << full.error;
+    EXPECT_EQ(full.options->input, "a.wav");
+    EXPECT_EQ(full.options->snapshotDir, "pictures");
+    EXPECT_EQ(full.options->snapshotSeconds, 1.5);
+    EXPECT_EQ(full.options->appearance, AppearanceChoice::dark);
+    EXPECT_EQ(full.options->settingsFile, "my.ini");
+}
+
+TEST(LaunchOptions, WrongUsageIsOneLineAndExitCodeTwo) {
+    const QStringList cases[] = {
+        {"--loud"},
+        {"file.txt"},
+        {"--input"},
+        {"--appearance", "blue"},
+        {"--at", "3"},
+        {"--snapshot", "d"},
+        {"--snapshot", "d", "--input", "a.wav"},
+        {"--snapshot", "d", "--input", "a.wav", "--at", "soon"},
+        {"--snapshot", "d", "--input", "a.wav", "--at", "1,5"},
+        {"--snapshot", "d", "--input", "a.wav", "--at", "-1"},
+    };
+    for (const QStringList& arguments : cases) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const Launch refused = launch(arguments);
+        EXPECT_FALSE(refused.options);
+        EXPECT_EQ(refused.exitCode, 2);
+        EXPECT_EQ(refused.error.rfind("veltrano: ", 0), 0u) << refused.error;
+        EXPECT_EQ(refused.error.find('\n'), std::string::npos);
+        EXPECT_EQ(refused.output, "");
+    }
+}
+
+TEST(LaunchOptions, HelpAndVersionAreAnswered) {
+    EXPECT_EQ(launch({"--version"}).output.rfind("veltrano ", 0), 0u);
+    EXPECT_EQ(launch({"--help"}).output.rfind("Usage: ", 0), 0u);
+    EXPECT_EQ(launch({"--help"}).exitCode, 0);
+    EXPECT_FALSE(launch({"--help"}).options);
+}
+
+} // namespace
+} // namespace veltrano

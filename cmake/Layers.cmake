@@ -111,6 +111,22 @@ function(veltrano_test target)
     endif()
 endfunction()
 
+# veltrano_test_again(<program> <name> <environment>...): a further run of a test program, if its suite
+# has it.
+function(veltrano_test_again program name)
+    if(NOT VELTRANO_TESTS)
+        return()
+    endif()
+    get_target_property(is_left_out ${program} EXCLUDE_FROM_ALL)
+    if(is_left_out)
+        return()
+    endif()
+    get_test_property(${program} TIMEOUT timeout)
+    get_test_property(${program} ENVIRONMENT environment)
+    veltrano_add_run(${name} ${timeout} "" ${program})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment};${ARGN}")
+endfunction()
+
 # veltrano_soak_target(): the target "soak", after all tests have been added.
 function(veltrano_soak_target)
     get_property(programs GLOBAL PROPERTY VELTRANO_SOAK_PROGRAMS)

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <algorithm>
 #include <cstdio>
 
 namespace veltrano {
@@ -56,7 +57,7 @@ Application::~Application() = default;
 int Application::run() {
     std::string error;
     if (mOptions.input) {
-        mRecording = RecordingDevice::open(mVirtual, *mOptions.input, error);
+        mRecording = openRecording(*mOptions.input, error);
         if (!mRecording) return refused(error);
     }
     mRegistry = std::make_unique<AUUnitRegistry>(
@@ -66,6 +67,18 @@ int Application::run() {
     makeController();
     mController->awakeFromNib();
     return mOptions.snapshotDir ? writeSnapshot() : runWindow();
+}
+
+std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& path,
+                                                            std::string& error) {
+    const auto recording = Recording::open(path, error);
+    if (!recording) return nullptr;
+    // At very low rates one block would complete more frames than may wait.
+    const auto rate = static_cast<float>(recording->sampleRateHz());
+    const auto most =
+        static_cast<int>(FrameAssembler::bufferFramesAt(rate) * FramePool::kDefaultSlots / 2);
+    return RecordingDevice::open(mVirtual, path, error,
+                                 std::clamp(most, 1, RecordingDevice::kDefaultFramesPerBlock));
 }
 
 void Application::makeController() {

@@ -11,6 +11,7 @@
 #include "engine/Controller.h"
 #include "platform/audio/CombinedHardware.h"
 #include "platform/audio/PulseHardware.h"
+#include "platform/audio/Recording.h"
 #include "platform/audio/RecordingDevice.h"
 #include "platform/audio/VirtualHardware.h"
 #include "platform/desktop/ImageLibrary.h"
@@ -39,6 +40,7 @@ public:
     int run();
 
 private:
+    std::unique_ptr<RecordingDevice> openRecording(const std::string& path, std::string& error);
     void makeController();
     const Clock& clock() const;
     std::string nameOfRecording() const; ///< of its device entry

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -19,7 +20,12 @@ WakeUp& wakeUp() {
     return wakeUp;
 }
 
-void handle(int) { wakeUp().signal(); } // one write: allowed in a signal handler
+/// One write, which a signal handler may do. Any thread may be interrupted by it.
+void handle(int) {
+    const int error = errno;
+    wakeUp().signal();
+    errno = error;
+}
 
 } // namespace
 

@@ -60,11 +60,11 @@ std::optional<AnalyzeOptions> read(const QCommandLineParser& parser, QString& er
     return options;
 }
 
-/// Frames that one block can complete, so that none is ever dropped.
-std::size_t slotsFor(int framesPerBlock, double sampleRate) {
+/// Room for the frames that one block can complete, so that none is ever dropped.
+FrameRoad::Capacity capacityFor(int framesPerBlock, double sampleRate) {
     const std::uint32_t length = FrameAssembler::bufferFramesAt(static_cast<float>(sampleRate));
     const auto perBlock = static_cast<std::size_t>(framesPerBlock) / std::max(length, 1u) + 1;
-    return std::max(perBlock, FramePool::kDefaultSlots);
+    return {std::max(perBlock, FramePool::kDefaultSlots), length};
 }
 
 } // namespace
@@ -89,7 +89,7 @@ int runAnalyze(const QStringList& arguments) {
         return kRefused;
     }
     hardware.setDefaultDevice(Direction::input, recording->id());
-    options->setup.frameSlots = slotsFor(options->framesPerBlock, recording->sampleRate());
+    options->setup.frameCapacity = capacityFor(options->framesPerBlock, recording->sampleRate());
     Output output;
     HeadlessTuner tuner(hardware, output, options->setup);
     tuner.start(std::nullopt); // the recording is the only device

@@ -23,7 +23,7 @@ void HeadlessTuner::start(const std::optional<std::string>& deviceName) {
         mSetup.hasRecordingClock ? static_cast<const Clock&>(mRecordingClock) : *mClock;
     ControllerPorts ports{mRegistry, mPreferences, mNotifications, clock, mLog, mDisplay};
     ports.frames = &mWriter;
-    ports.frameSlots = mSetup.frameSlots;
+    ports.frameCapacity = mSetup.frameCapacity;
     mController = std::make_unique<Controller>(ports);
     mController->awakeFromNib();
 }

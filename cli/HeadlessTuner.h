@@ -26,8 +26,8 @@ public:
     struct Setup {
         TunerOptions options;
         bool isTable = false;
-        bool hasRecordingClock = false; ///< the time is the recording's, not the machine's
-        std::size_t frameSlots = 32; ///< frames that one turn of the main thread may leave waiting
+        bool hasRecordingClock = false;      ///< the time is the recording's, not the machine's
+        FrameRoad::Capacity frameCapacity{}; ///< room for what one block can complete
     };
 
     /// @param hardware outlives this object

@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 #include <QLocale>
-#include <cmath>
+#include <limits>
 #include <unistd.h>
 
 namespace veltrano {
@@ -38,7 +38,9 @@ std::optional<double> pitch(const QCommandLineParser& parser, QString& error) {
     if (!parser.isSet(kReferencePitch)) return std::nullopt;
     bool isNumber = false;
     const double hz = QLocale::c().toDouble(parser.value(kReferencePitch), &isNumber);
-    if (isNumber && std::isfinite(hz) && hz > 0) return hz;
+    // The tuner works with it in single precision.
+    using Limits = std::numeric_limits<float>;
+    if (isNumber && hz >= double(Limits::min()) && hz <= double(Limits::max())) return hz;
     error = QStringLiteral("--reference-pitch takes a frequency in hertz above 0, not \"%1\"")
                 .arg(parser.value(kReferencePitch));
     return std::nullopt;

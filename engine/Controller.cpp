@@ -22,13 +22,15 @@ constexpr std::int32_t kNoDisplayCent = std::numeric_limits<std::int32_t>::min()
 } // namespace
 
 Controller::Controller(const ControllerPorts& ports)
-    : mPorts(ports), mRoad(ports.frameSlots),
+    : mPorts(ports), mRoad(ports.frameCapacity),
       mFramesArrived(new QSocketNotifier(mRoad.descriptor(), QSocketNotifier::Read, this)),
       mDisplayCent(kNoDisplayCent) {
     connect(mFramesArrived, &QSocketNotifier::activated, this, &Controller::serveFrames);
 }
 
 Controller::~Controller() {
+    mPorts.preferences.setController(nullptr);
+    mPorts.preferences.setAUInputUnit(nullptr);
     if (mAUInputUnit && mAUInputUnit->isRunning()) mAUInputUnit->stop();
 }
 

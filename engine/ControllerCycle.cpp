@@ -145,7 +145,7 @@ void Controller::setNumber(TunerText field, int value) {
 void Controller::setTuningMeter(float deviation) {
     mCent = deviation;
     const std::int32_t cents = truncated(double(100.0f * deviation));
-    const int threshold = mPorts.preferences.inTuneThreshold();
+    const std::int64_t threshold = mPorts.preferences.inTuneThreshold(); // its negative exists
     const bool isOut = cents > threshold || cents < -threshold;
     TunerDisplay& display = mPorts.display;
     display.setLight(TunerLight::inTune, isOut ? LightImage::blue28x28 : LightImage::green28x28);

@@ -2,9 +2,9 @@
 // What the controller needs of the rest of the program.
 #pragma once
 
+#include "engine/FrameRoad.h"
 #include "engine/ReadingRecord.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -55,8 +55,8 @@ struct ControllerPorts {
     FrameObserver* frames = nullptr;
     /// An input device for this run only: it is selected instead of the saved one and not saved.
     std::optional<std::string> inputDeviceForThisRun{};
-    /// Frames that may wait for the main thread.
-    std::size_t frameSlots = 32;
+    /// Room for frames that wait for the main thread.
+    FrameRoad::Capacity frameCapacity{};
 };
 
 } // namespace veltrano

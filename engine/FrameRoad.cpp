@@ -3,8 +3,8 @@
 
 namespace veltrano {
 
-FrameRoad::FrameRoad(std::size_t slots)
-    : mPool(FramePool::create(slots, FrameAssembler::kMaxBufferFrames)) {}
+FrameRoad::FrameRoad(const Capacity& capacity)
+    : mPool(FramePool::create(capacity.frames, capacity.samples)) {}
 
 void FrameRoad::receive(AudioBufferList buffers, double sampleTime) noexcept VELTRANO_NONBLOCKING {
     mAssembler.process(buffers, sampleTime,

@@ -16,8 +16,13 @@ namespace veltrano {
 /// dropped and counted.
 class FrameRoad {
 public:
-    /// @param slots frames that may wait for the main thread
-    explicit FrameRoad(std::size_t slots = FramePool::kDefaultSlots);
+    struct Capacity {
+        std::size_t frames = FramePool::kDefaultSlots; ///< that may wait for the main thread
+        std::uint32_t samples = FrameAssembler::kMaxBufferFrames; ///< of the longest frame
+    };
+
+    FrameRoad() : FrameRoad(Capacity()) {}
+    explicit FrameRoad(const Capacity& capacity);
 
     /// Audio thread. One input block.
     void receive(AudioBufferList buffers, double sampleTime) noexcept VELTRANO_NONBLOCKING;

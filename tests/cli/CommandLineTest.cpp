@@ -35,7 +35,8 @@ QByteArray wav(int format, int channels, int rate, int bits, const QByteArray& d
                qint64 claimedBytes = -1) {
     const auto number = [](qint64 value, int bytes) {
         QByteArray text;
-        for (int i = 0; i < bytes; ++i) text.append(char((value >> (8 * i)) & 0xFF));
+        for (int i = 0; i < bytes; ++i)
+            text.append(char((value >> (8 * i)) & 0xFF));
         return text;
     };
     const int frameBytes = channels * bits / 8;
@@ -98,6 +99,19 @@ TEST_F(CommandLine, ReadingsDoNotDependOnTheBlockSize) {
     }
 }
 
+TEST_F(CommandLine, ALongBlockOfALowRateNeedsLittleMemory) {
+    const QString file = write("slow.wav", wav(1, 1, 100, 16, sine16(20, 100, 600)));
+    QProcess process;
+    process.start("/bin/bash",
+                  {"-c", "ulimit -v 2000000; exec \"$0\" analyze \"$1\" --block 1048576",
+                   QStringLiteral(VELTRANO_CLI), file});
+    ASSERT_TRUE(process.waitForFinished(30000));
+    EXPECT_EQ(process.exitCode(), 0);
+    const QByteArray output = process.readAllStandardOutput();
+    EXPECT_EQ(output.count('\n'), 60000 / 12);
+    EXPECT_EQ(output, run({"analyze", file}).output);
+}
+
 TEST_F(CommandLine, ReadingsDoNotDependOnTheLocale) {
     const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(441.7, 44100, 1)));
     const QByteArray expected = run({"analyze", file, "--reference-pitch", "442.5"}).output;
@@ -116,8 +130,10 @@ TEST_F(CommandLine, OptionsReachTheTuner) {
 }
 
 TEST_F(CommandLine, TheTableHasALinePerNote) {
-    const QByteArray tune = sine16(440, 44100, 1) + sine16(523.25, 44100, 1) + sine16(440, 44100, 1);
-    const Result result = run({"analyze", write("tune.wav", wav(1, 1, 44100, 16, tune)), "--table"});
+    const QByteArray tune =
+        sine16(440, 44100, 1) + sine16(523.25, 44100, 1) + sine16(440, 44100, 1);
+    const Result result =
+        run({"analyze", write("tune.wav", wav(1, 1, 44100, 16, tune)), "--table"});
     EXPECT_EQ(result.exitCode, 0);
     const QList<QByteArray> lines = result.output.trimmed().split('\n');
     ASSERT_GE(lines.size(), 4);
@@ -171,12 +187,24 @@ TEST_F(CommandLine, BrokenRecordingsAreTunedAsFarAsTheyGo) {
 TEST_F(CommandLine, WrongUsageExitsWithTwo) {
     const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(440, 44100, 0.5)));
     const QStringList cases[] = {
-        {}, {"tune"}, {"analyze"}, {"analyze", file, file}, {"analyze", file, "--loud"},
-        {"analyze", file, "--block", "0"}, {"analyze", file, "--block", "x"},
-        {"analyze", file, "--tonic", "12"}, {"analyze", file, "--tonic", "-1"},
-        {"analyze", file, "--reference-pitch", "0"}, {"analyze", file, "--reference-pitch", "440,5"},
-        {"analyze", file, "--reference-pitch", "nan"}, {"analyze", file, "--threshold", "1.5"},
-        {"devices", "x"}, {"listen", "x"}, {"listen", "--seconds", "soon"},
+        {},
+        {"tune"},
+        {"analyze"},
+        {"analyze", file, file},
+        {"analyze", file, "--loud"},
+        {"analyze", file, "--block", "0"},
+        {"analyze", file, "--block", "x"},
+        {"analyze", file, "--tonic", "12"},
+        {"analyze", file, "--tonic", "-1"},
+        {"analyze", file, "--reference-pitch", "0"},
+        {"analyze", file, "--reference-pitch", "440,5"},
+        {"analyze", file, "--reference-pitch", "nan"},
+        {"analyze", file, "--reference-pitch", "1e300"},
+        {"analyze", file, "--reference-pitch", "1e-300"},
+        {"analyze", file, "--threshold", "1.5"},
+        {"devices", "x"},
+        {"listen", "x"},
+        {"listen", "--seconds", "soon"},
     };
     for (const QStringList& arguments : cases) {
         SCOPED_TRACE(arguments.join(' ').toStdString());
@@ -202,8 +230,9 @@ TEST_F(CommandLine, HelpAndVersionOnEveryCommand) {
 TEST_F(CommandLine, AClosedPipeEndsQuietly) {
     const QString file = write("long.wav", wav(1, 1, 8000, 16, sine16(440, 8000, 60)));
     QProcess process;
-    process.start("/bin/bash", {"-c", QStringLiteral("\"$0\" analyze \"$1\" | head -1; "
-                                                     "echo ${PIPESTATUS[0]} >&2"),
+    process.start("/bin/bash", {"-c",
+                                QStringLiteral("\"$0\" analyze \"$1\" | head -1; "
+                                               "echo ${PIPESTATUS[0]} >&2"),
                                 QStringLiteral(VELTRANO_CLI), file});
     ASSERT_TRUE(process.waitForFinished(30000));
     EXPECT_EQ(process.readAllStandardError(), "0\n");

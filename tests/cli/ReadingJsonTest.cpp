@@ -11,17 +11,20 @@ namespace veltrano {
 namespace {
 
 QJsonObject roundTrip(const ReadingRecord& record, const HeadlessDisplay& display) {
-    const QByteArray text = QJsonDocument(readingJson(record, display)).toJson(QJsonDocument::Compact);
+    const QByteArray text =
+        QJsonDocument(readingJson(record, display)).toJson(QJsonDocument::Compact);
     return QJsonDocument::fromJson(text).object();
 }
 
 TEST(ReadingJson, BeforeTheFirstNote) {
     const QJsonObject json = roundTrip({}, HeadlessDisplay());
     EXPECT_EQ(json.keys(),
-              (QStringList{"accidental", "cents", "deviation", "differenceText", "dropped", "flat",
-                           "frame", "frequency", "frequencyText", "ideal", "idealText", "inTune",
-                           "key", "level", "levelText", "note", "octave", "peak", "rawFrequency",
-                           "rawPeak", "sharp", "stretch", "stretchText", "time"}));
+              (QStringList{"accidental",    "cents",   "deviation",    "differenceText",
+                           "dropped",       "flat",    "frame",        "frequency",
+                           "frequencyText", "ideal",   "idealText",    "inTune",
+                           "key",           "level",   "levelText",    "note",
+                           "octave",        "peak",    "rawFrequency", "rawPeak",
+                           "sharp",         "stretch", "stretchText",  "time"}));
     for (const char* key : {"key", "octave", "ideal", "stretch"}) {
         EXPECT_TRUE(json[key].isNull()) << key;
     }

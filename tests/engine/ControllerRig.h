@@ -11,6 +11,7 @@
 #include "platform/foundation/MainThread.h"
 #include "platform/foundation/UserDefaults.h"
 #include "settings/Preferences.h"
+#include "tests/settings/ScriptedLibraries.h"
 #include "tests/support/RecordingLog.h"
 #include "tests/support/RecordingSpeech.h"
 #include "tests/support/RecordingTunerDisplay.h"
@@ -79,9 +80,12 @@ public:
 /// Thread: main, with a QCoreApplication.
 struct ControllerRig {
     explicit ControllerRig(UserDefaults stored = UserDefaults::inMemory())
-        : defaults(std::move(stored)), preferences({defaults, notifications}),
+        : defaults(std::move(stored)),
+          preferences({defaults, notifications, &temperaments, &stretches}),
           registry(
               hardware, [this](auto function) { mainThread.post(std::move(function)); }, log) {
+        temperaments.entries.push_back({"first", {}});
+        stretches.entries.push_back({"first", {}});
         VirtualDevice microphone;
         microphone.manufacturer = "ACME";
         microphone.name = "Mic";
@@ -106,6 +110,14 @@ struct ControllerRig {
         return *controller;
     }
 
+    /// Selects a stretch table with @p cents on one key.
+    void stretchKey(int key, double cents) {
+        stretches.entries[0].cents = {};
+        stretches.entries[0].cents[std::size_t(key)] = cents;
+        preferences.setStretchForFileName("");
+        preferences.setStretchForFileName("first");
+    }
+
     /// One block of a mono device, on this very thread.
     void deliver(std::vector<float> samples, double sampleTime = 1.0) {
         AudioBuffer buffer{1, std::uint32_t(samples.size() * sizeof(float)), samples.data()};
@@ -119,6 +131,8 @@ struct ControllerRig {
     VirtualHardware hardware;
     UserDefaults defaults;
     NotificationCenter notifications;
+    ScriptedTemperaments temperaments;
+    ScriptedStretches stretches;
     MainThread mainThread;
     Preferences preferences;
     AUUnitRegistry registry;

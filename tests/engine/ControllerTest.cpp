@@ -152,9 +152,9 @@ TEST(Controller, AnEqualRateIsNotPassedOn) {
 
 TEST(Controller, ListenerIgnoresTheOutputSide) {
     ControllerRig rig;
-    Controller& controller = rig.make();
-    controller.awakeFromNib();
-    rig.display.takeCalls();
+    Controller& controller = rig.start();
+    rig.hardware.changeFormat(rig.device, Direction::input, VirtualDevice::format(48000, 1));
+    controller.inputUnit().setStreamFormat(); // the unit knows; its listener has not been called
     Controller::listenerProc(rig.device, 0, false, PropertyCode::streamFormat, &controller);
     EXPECT_TRUE(rig.display.takeCalls().empty());
 }
@@ -237,6 +237,55 @@ TEST(Controller, StartsWithoutAnyDevice) {
     EXPECT_EQ(rig.text(TunerText::note), "A");
     controller.applicationWillTerminate();
     EXPECT_EQ(rig.defaults.stringForKey("morvane.key.InputDeviceKey"), "ACME : Mic");
+}
+
+TEST(Controller, ARateThatIsNoFloatIsTakenEachTime) {
+    // kept: the rates are compared in double precision, the stored one is a float
+    ControllerRig rig;
+    rig.start();
+    rig.hardware.changeFormat(rig.device, Direction::input, VirtualDevice::format(44100.1, 1));
+    rig.mainThread.runPending();
+    rig.display.takeCalls();
+    rig.hardware.announce(rig.device, 0, Direction::input, PropertyCode::streamFormat);
+    rig.mainThread.runPending();
+    EXPECT_EQ(rig.display.takeCalls(), Lines{"strobeSampleRate 44100.1"});
+}
+
+TEST(Controller, StartsWithTheStoredSettings) {
+    UserDefaults stored = UserDefaults::inMemory();
+    stored.setFloat("morvane.key.ReferencePitch", 415.5f);
+    stored.setInteger("morvane.key.InTuneThreshold", 7);
+    stored.setBool("morvane.key.ManualMode", true);
+    ControllerRig rig(std::move(stored));
+    rig.make().awakeFromNib();
+    EXPECT_EQ(rig.text(TunerText::referencePitch), "A4 = 415.500Hz");
+    EXPECT_EQ(rig.display.meterThreshold, 7);
+    EXPECT_FALSE(rig.display.meterEnabled);
+    EXPECT_EQ(rig.text(TunerText::idealFrequency), "415.500");
+}
+
+TEST(Controller, EachSettingUpdatesTheReading) {
+    ControllerRig rig;
+    Controller& controller = rig.start();
+    controller.updateUI(frameOf(toneSamples(99))); // 445.45 Hz, 21.3 cents sharp
+    EXPECT_EQ(rig.display.light(TunerLight::inTune), LightImage::blue28x28);
+    rig.preferences.setInTuneThreshold(30);
+    EXPECT_EQ(rig.display.light(TunerLight::inTune), LightImage::green28x28);
+
+    rig.stretchKey(57, 10);
+    EXPECT_EQ(rig.text(TunerText::stretchOffset), "+10.000");
+    EXPECT_EQ(rig.text(TunerText::stretchName), "name of first");
+    EXPECT_EQ(rig.display.tips[std::size_t(TunerText::stretchName)], "description of first");
+
+    rig.temperaments.entries[0].cents.fill(20);
+    rig.preferences.setTuningForFileName("first");
+    EXPECT_EQ(rig.text(TunerText::tuningName), "name of first");
+    EXPECT_EQ(rig.text(TunerText::idealFrequency), "447.691"); // 440 x 2^(30 / 1200)
+    controller.iaSpeakDetails();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(rig.speech.said.size(), 1u);
+    EXPECT_NE(rig.speech.said[0].find("Temperament: name of first. Key: C. Stretch: "),
+              std::string::npos);
 }
 
 } // namespace

@@ -56,11 +56,17 @@ TEST(FrameAssembler, SpansTwoPeriodsOfTheLowestKeyAtEveryRate) {
     struct {
         float rate;
         std::uint32_t frames;
-    } const cases[] = {{44100, 5393},  {48000, 5870},
-                       {96000, 11741}, {8000, 978},
-                       {8.1f, 0},      {384000.f, 46967},
-                       {768000, 0},    {-1.0f, 0},
-                       {kNaN, 0},      {std::numeric_limits<float>::infinity(), 0}};
+    } const cases[] = {{44100, 5393},
+                       {48000, 5870},
+                       {96000, 11741},
+                       {8000, 978},
+                       {32229, 3942},
+                       {8.1f, 0},
+                       {384000.f, 46967},
+                       {768000, 0},
+                       {-1.0f, 0},
+                       {kNaN, 0},
+                       {std::numeric_limits<float>::infinity(), 0}};
     for (const auto& c : cases)
         EXPECT_EQ(FrameAssembler::bufferFramesAt(c.rate), c.frames) << c.rate;
     EXPECT_EQ(FrameAssembler::kMaxBufferFrames, FrameAssembler::bufferFramesAt(384000.0f));

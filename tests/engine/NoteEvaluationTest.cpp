@@ -188,5 +188,29 @@ TEST(NumberTexts, TruncationIsDefinedForEveryValue) {
     EXPECT_EQ(truncated(-HUGE_VAL), INT32_MIN);
 }
 
+TEST(NoteEvaluation, EverySpellingIsFixed) {
+    constexpr const char* kSpellings[] = {"C ", "C\u266F", "D ", "E\u266D", "E ", "F ", "F\u266F",
+                                          "G ", "G\u266F", "A ", "B\u266D", "B "};
+    for (int key = 0; key < kKeys; ++key) {
+        const NoteSpelling& spelling = spellingOfKey(key);
+        EXPECT_EQ(std::string(1, spelling.letter) + std::string(spelling.accidental),
+                  kSpellings[key % 12]);
+    }
+}
+
+TEST(NoteEvaluation, FrequencyOverPitchIsDividedInSinglePrecision) {
+    // A double quotient gives 0.19562174794921, a single-precision logarithm 0.19562157243491.
+    EXPECT_NEAR(read(445.0f)->deviation, 0.19562156243983, 1e-11);
+}
+
+TEST(NoteEvaluation, ExactlyHalfASemitoneDoesNotShift) {
+    for (const double cents : {-50.0, 50.0}) { // 27.5 Hz is A0 (key 9) without any deviation
+        const auto reading = read(27.5f, stretchAt(9, cents));
+        ASSERT_TRUE(reading);
+        EXPECT_EQ(reading->key, 9);
+        EXPECT_EQ(reading->deviation, cents / -100.0);
+    }
+}
+
 } // namespace
 } // namespace veltrano

@@ -55,6 +55,10 @@ TEST(PeriodDetector, RecordsPeaksByTheRunningThreshold) {
          {0, 0.5f, 0, 0.45f, 0, 0.405f, 0, 0.36f, 0},
          {1, 2, 2},
          0.5f},
+        {"the decay is worked out in double precision",
+         {0, 16001.0f / 32768.0f, 0, 0.43948057f, 0},
+         {1},
+         16001.0f / 32768.0f},
         {"a missed lobe does not raise the amplitude by itself",
          {0, 0.5f, -0.125f, 0.4f, 0},
          {1},
@@ -109,6 +113,7 @@ TEST(PeriodDetector, AveragesTheIntervalsThatAgree) {
         {"window ends are whole numbers: 95 in 100 of 99 is 94, 105 in 100 of 99 is 104",
          {3, 94, 99, 99, 104},
          396.0f / 4.0f},
+        {"the lower end does not round: 95 in 100 of 90 is 85", {3, 85, 90, 90}, 265.0f / 3.0f},
         {"just outside the window", {3, 93, 99, 99, 99, 99, 105}, 99.0f},
         {"upper end rounds half up: 105 in 100 of 90 is 95 with the half",
          {3, 90, 90, 95},
@@ -125,9 +130,20 @@ TEST(PeriodDetector, LevelIsWholeDecibelsAbove16Bit) {
     struct {
         float amplitude;
         int level;
-    } const cases[] = {{0, 0},       {1.0f, 96},  {0.5f, 89},    {1.5e-5f, 0},
-                       {1.6e-5f, 0}, {0.01f, 55}, {0.0251f, 63}, {0.1f, 75},
-                       {2.0f, 102},  {kNaN, 0},   {1e30f, 186}};
+    } const cases[] = {{0, 0},
+                       {1.0f, 96},
+                       {0.5f, 89},
+                       {1.5e-5f, 0},
+                       {1 / 32768.0f, 0},
+                       {2 / 32768.0f, 9},
+                       {3 / 32768.0f, 13},
+                       {1.6e-5f, 0},
+                       {0.01f, 55},
+                       {0.0251f, 63},
+                       {0.1f, 75},
+                       {2.0f, 102},
+                       {kNaN, 0},
+                       {1e30f, 186}};
     for (const auto& c : cases)
         EXPECT_EQ(levelOf(c.amplitude), c.level) << double(c.amplitude);
 }
@@ -135,6 +151,7 @@ TEST(PeriodDetector, LevelIsWholeDecibelsAbove16Bit) {
 TEST(PeriodDetector, SineOfPeriod100Reads100) {
     const auto intervals = intervalsOf(sine(100));
     EXPECT_NEAR(double(intervals.size()), 53, 2);
+    EXPECT_EQ(intervals[0], 25u) << "the offset of the first peak";
     const Result result = detect(sine(100), 44100, kFrame);
     ASSERT_TRUE(result.hz);
     EXPECT_EQ(*result.hz, 441.0f);

@@ -11,9 +11,10 @@ namespace veltrano {
 namespace {
 
 TEST(FrequencyGate, AcceptsTheKeysAndAQuarterToneBeyond) {
-    for (const float hz : {15.887f, 440.0f, 8133.68f})
+    for (const float hz : {15.887f, 440.0f, 8133.68f, 8133.6826f})
         EXPECT_TRUE(frequency_gate::isAccepted(hz));
-    for (const float hz : {0.0f, 15.0f, 15.885f, 8133.7f, -440.0f, HUGE_VALF, std::nanf("")}) {
+    for (const float hz :
+         {0.0f, 15.0f, 15.885f, 15.8859f, 8133.6831f, 8133.7f, -440.0f, HUGE_VALF, std::nanf("")}) {
         EXPECT_FALSE(frequency_gate::isAccepted(hz)) << double(hz);
     }
 }

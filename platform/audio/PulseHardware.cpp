@@ -87,8 +87,9 @@ auto PulseHardware::ofDevice(DeviceId id, Direction direction, Ask ask) const {
 // --- reading ---
 
 std::vector<DeviceId> PulseHardware::devices() const {
+    const auto list = m->published.get();
     std::vector<DeviceId> ids;
-    for (const DeviceRecord& device : m->published.get()->devices)
+    for (const DeviceRecord& device : list->devices)
         ids.push_back(device.id);
     return ids;
 }

@@ -5,17 +5,14 @@
 #include <cmath>
 #include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <numbers>
 #include <sstream>
-#include <sys/prctl.h>
-#include <sys/wait.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <thread>
 #include <unistd.h>
-
-extern char** environ; // NOLINT: the C library's own name
 
 namespace veltrano {
 
@@ -34,15 +31,6 @@ bool isInstalled(const std::string& program) {
 std::string textOf(const std::string& file) {
     std::ifstream stream(file);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-/// Pointers for exec; the strings must live on.
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
 }
 
 template <class Condition>
@@ -85,52 +73,6 @@ void writeTone(const std::string& file) {
 }
 
 } // namespace
-
-// --- TestProcess ---
-
-TestProcess::TestProcess(const std::vector<std::string>& command,
-                         const std::vector<std::string>& environment, const std::string& output) {
-    // Everything that allocates comes before the fork: another thread may hold the heap's lock.
-    std::vector<std::string> words = command;
-    std::vector<std::string> variables = environment;
-    for (char** variable = environ; *variable; ++variable)
-        variables.emplace_back(*variable);
-    const auto arguments = pointersTo(words);
-    const auto all = pointersTo(variables);
-    const std::string file = output.empty() ? "/dev/null" : output;
-    const pid_t parent = ::getpid();
-    mId = ::fork();
-    if (mId != 0) return;
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) ::_exit(127); // it died in between
-    const int out = ::open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-    ::dup2(out, STDOUT_FILENO);
-    ::dup2(out, STDERR_FILENO);
-    ::execvpe(arguments[0], arguments.data(), all.data());
-    ::_exit(127);
-}
-
-TestProcess::~TestProcess() { kill(); }
-
-void TestProcess::signal(int number) {
-    if (mId > 0) ::kill(mId, number);
-}
-
-void TestProcess::kill() {
-    signal(SIGKILL);
-    await();
-}
-
-int TestProcess::await() {
-    if (mId <= 0) return -1;
-    int status = 0;
-    while (::waitpid(mId, &status, 0) < 0 && errno == EINTR) {
-    }
-    mId = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-// --- SoundServer ---
 
 std::optional<std::string> SoundServer::missing(Kind kind) {
     const std::vector<std::string> needed =
@@ -187,9 +129,8 @@ std::vector<std::string> SoundServer::environment() const {
             "DISPLAY="};
 }
 
-void SoundServer::add(const std::vector<std::string>& command) {
-    mProcesses.push_back(
-        std::make_unique<TestProcess>(command, environment(), mFolder + "/output"));
+std::unique_ptr<TestProcess> SoundServer::launched(const std::vector<std::string>& command) const {
+    return std::make_unique<TestProcess>(command, environment(), mFolder + "/output");
 }
 
 void SoundServer::launchPulseAudio() {
@@ -199,6 +140,7 @@ void SoundServer::launchPulseAudio() {
         "--use-pid-file=no", "-n",
         "--load=module-native-protocol-unix auth-anonymous=1 socket=" + mFolder +
             "/rt/pulse/native"};
+    command.push_back("--load=module-cli-protocol-unix socket=" + mFolder + "/rt/pulse/cli");
     // With rewinds a null sink may give nothing for two seconds.
     for (const std::string& module : modules(mDevices, "norewinds=1 "))
         command.push_back("--load=" + module);
@@ -217,7 +159,7 @@ void SoundServer::launchPipeWire() {
     waitFor([&] { return exists("/rt/bus"); }, 5s);
     add({"pipewire"});
     waitFor([&] { return exists("/rt/pipewire-0"); }, 5s);
-    add({"wireplumber"});
+    mSessionManager = launched({"wireplumber"});
     add({"pipewire-pulse"});
     if (mDevices != Devices::sinkAndTone) return;
     add({"sh", "-c",
@@ -260,16 +202,34 @@ bool SoundServer::start() {
 void SoundServer::kill() {
     while (!mProcesses.empty())
         mProcesses.pop_back();
+    killSessionManager();
 }
 
-void SoundServer::hang() {
+void SoundServer::killSessionManager() { mSessionManager.reset(); }
+
+void SoundServer::signal(int number) {
     for (const auto& process : mProcesses)
-        process->signal(SIGSTOP);
+        process->signal(number);
+    if (mSessionManager) mSessionManager->signal(number);
 }
 
-void SoundServer::goOn() {
-    for (const auto& process : mProcesses)
-        process->signal(SIGCONT);
+void SoundServer::hang() { signal(SIGSTOP); }
+
+void SoundServer::goOn() { signal(SIGCONT); }
+
+bool SoundServer::endStream(int index) const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = mFolder + "/rt/pulse/cli";
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const int line = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const std::string command = "kill-source-output " + std::to_string(index) + "\n";
+    const bool isSent =
+        ::connect(line, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+        ::write(line, command.data(), command.size()) == ssize_t(command.size());
+    std::this_thread::sleep_for(20ms); // a closed line would be served no more
+    ::close(line);
+    return isSent;
 }
 
 std::optional<std::string> SoundServer::control(const std::vector<std::string>& arguments) const {

@@ -2,38 +2,15 @@
 // A private sound server for one test.
 #pragma once
 
+#include "tests/support/TestProcess.h"
+
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace veltrano {
-
-/// A process of the test's own. It is killed when this object goes, and when the test dies.
-/// Thread: main (the kernel ends it together with the thread that started it).
-class TestProcess {
-public:
-    /// @param environment added to the test's own, "NAME=value" each
-    /// @param output where its standard output and error go; empty: nowhere
-    TestProcess(const std::vector<std::string>& command,
-                const std::vector<std::string>& environment, const std::string& output);
-    ~TestProcess();
-    TestProcess(const TestProcess&) = delete;
-    TestProcess& operator=(const TestProcess&) = delete;
-
-    pid_t id() const { return mId; }
-    /// Sends it a signal.
-    void signal(int number);
-    /// SIGKILL, and waits until it is gone: another may take its place.
-    void kill();
-    /// Waits for its own end. @returns its exit code, or -1 when it was ended by a signal
-    int await();
-
-private:
-    pid_t mId = -1; ///< -1: not running any more
-};
 
 /// PulseAudio, or PipeWire with its session manager and its PulseAudio server, on sockets of its
 /// own in a fresh folder. It is started by start(), and ended with its processes by the destructor.
@@ -68,6 +45,12 @@ public:
     bool awaitReady();
     /// SIGKILL to all processes of the server.
     void kill();
+    /// PipeWire: SIGKILL to the session manager alone, which joins streams to devices; start
+    /// another.
+    void killSessionManager();
+    void startSessionManager();
+    /// PulseAudio: ends a recording stream from the server's side; the device stays.
+    bool endStream(int index) const;
     /// SIGSTOP and SIGCONT: the server hangs, and goes on.
     void hang();
     void goOn();
@@ -90,12 +73,15 @@ private:
     void launchPulseAudio();
     void launchPipeWire();
     bool answers() const;
-    void add(const std::vector<std::string>& command);
+    std::unique_ptr<TestProcess> launched(const std::vector<std::string>& command) const;
+    void add(const std::vector<std::string>& command) { mProcesses.push_back(launched(command)); }
+    void signal(int number);
 
     const Kind mKind;
     const Devices mDevices;
     std::string mFolder;
     std::vector<std::unique_ptr<TestProcess>> mProcesses; ///< in the order of their start
+    std::unique_ptr<TestProcess> mSessionManager;         ///< PipeWire
     std::unique_ptr<TestProcess> mPlayer;
 };
 

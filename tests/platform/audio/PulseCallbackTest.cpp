@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What happens between a block's arrival from the server and its release.
+#include "tests/platform/audio/PulseServerTest.h"
+#include "tests/realtime/RealtimeWatch.h"
+
+#include <dlfcn.h>
+
+struct pa_stream;
+
+namespace veltrano {
+namespace {
+
+std::atomic<long> watchedBlocks{0};
+
+std::optional<RealtimeWatch>& watch() {
+    thread_local std::optional<RealtimeWatch> ofThisThread;
+    return ofThisThread;
+}
+
+} // namespace
+} // namespace veltrano
+
+// The library's own functions, replaced for this program: the layer holds a block from the one to
+// the other.
+extern "C" int pa_stream_peek(pa_stream* stream, const void** data, std::size_t* bytes) {
+    using Peek = int (*)(pa_stream*, const void**, std::size_t*);
+    static const auto original = reinterpret_cast<Peek>(::dlsym(RTLD_NEXT, "pa_stream_peek"));
+    const int result = original(stream, data, bytes);
+    if (result == 0 && *bytes > 0) veltrano::watch().emplace();
+    return result;
+}
+
+extern "C" int pa_stream_drop(pa_stream* stream) {
+    using Drop = int (*)(pa_stream*);
+    static const auto original = reinterpret_cast<Drop>(::dlsym(RTLD_NEXT, "pa_stream_drop"));
+    veltrano::watch().reset();
+    ++veltrano::watchedBlocks;
+    return original(stream);
+}
+
+namespace veltrano {
+namespace {
+
+class PulseCallbackTest : public PulseServerTest {};
+VELTRANO_EVERY_SERVER(PulseCallbackTest);
+
+TEST_P(PulseCallbackTest, ABlockIsHandedOverWithoutAllocationLockOrWait) {
+    if (!RealtimeWatch::isCounting()) GTEST_SKIP() << "cannot be counted in a sanitized build";
+    SoundServer server(GetParam());
+    ASSERT_TRUE(server.start()) << server.output();
+    PulseBench bench(server.address());
+    ASSERT_TRUE(bench.listenTo("TestTone"));
+    const RealtimeWatch::Counts before = RealtimeWatch::counts();
+    const long blocks = watchedBlocks;
+    bench.pass(3);
+    EXPECT_GT(watchedBlocks - blocks, 100);
+    EXPECT_EQ(RealtimeWatch::counts(), before);
+    EXPECT_GT(bench.heard().soundFrames, 44100u);
+}
+
+} // namespace
+} // namespace veltrano

@@ -103,12 +103,16 @@ SoundServer::~SoundServer() {
 void SoundServer::writeConfiguration() const {
     namespace fs = std::filesystem;
     for (const char* folder :
-         {"/rt/pulse", "/home", "/config/pulse", "/config/pipewire/pipewire-pulse.conf.d"})
+         {"/rt/pulse", "/home", "/config/pulse", "/config/pipewire/pipewire-pulse.conf.d",
+          "/config/wireplumber/bluetooth.lua.d"})
         fs::create_directories(mFolder + folder);
     for (const char* folder : {"/rt", "/rt/pulse"})
         fs::permissions(mFolder + folder, fs::perms::owner_all);
     std::ofstream(mFolder + "/config/pulse/client.conf") << "autospawn = no\n";
     if (mKind != Kind::pipeWire) return;
+    // Without this WirePlumber ends at once on a machine that runs no systemd.
+    std::ofstream(mFolder + "/config/wireplumber/bluetooth.lua.d/51-no-logind.lua")
+        << "bluez_monitor.properties[\"with-logind\"] = false\n";
     std::ofstream devices(mFolder + "/config/pipewire/pipewire-pulse.conf.d/devices.conf");
     devices << "pulse.cmd = [\n";
     for (const std::string& module : modules(mDevices, ""))

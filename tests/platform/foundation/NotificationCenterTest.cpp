@@ -76,15 +76,19 @@ TEST_F(NotificationCenterTest, MovedObservationLivesOn) {
 
 TEST_F(NotificationCenterTest, HandlerMayEndItself) {
     Observation self;
-    self = center.observe("n", [&](const std::any&) {
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> watched = held;
+    self = center.observe("n", [this, &self, &watched, held](const std::any&) {
         heard.push_back("once");
         self.reset();
-        heard.push_back("still running");
+        heard.push_back(watched.expired() ? "destroyed while it runs" : "still running");
     });
+    held.reset();
     const Observation after = listing("n", "after");
     center.post("n");
     center.post("n");
     EXPECT_EQ(takeHeard(), (Heard{"once", "still running", "after", "after"}));
+    EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(NotificationCenterTest, HandlerThatIsEndedDuringThePostIsNotCalled) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/audio/PulseConnection.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace veltrano {
@@ -16,9 +17,10 @@ void PulseConnection::tend(double now) {
     if (mHasFailed) {
         // A dead context is dropped here, where none of its callbacks is running.
         drop();
-        mRetryAt = now + kRetrySeconds;
+        mRetryAt = now + (mAttempts < kEagerAttempts ? kRetrySeconds : kPatientRetrySeconds);
     } else if (mRetryAt && now >= *mRetryAt) {
         mRetryAt.reset();
+        mAttempts = std::min(mAttempts + 1, kEagerAttempts);
         connect();
     }
 }
@@ -56,6 +58,7 @@ void PulseConnection::onState(pa_context* context, void* connection) {
 
 void PulseConnection::becomeReady() {
     mIsReady = true;
+    mAttempts = 0;
     constexpr auto kWatched = pa_subscription_mask_t(
         PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SINK | PA_SUBSCRIPTION_MASK_SERVER);
     if (pa_operation* subscribing = pa_context_subscribe(mContext, kWatched, nullptr, nullptr)) {

@@ -166,6 +166,16 @@ TEST_P(PulseFaultsTest, ALostServerIsFilledWithSilenceBeforeTheListIsEmpty) {
     bench.pass(0.3);
     EXPECT_EQ(bench.heard().frames, total) << "nothing after the silence";
     EXPECT_EQ(bench.announcements(), 1);
+
+    server.launch();
+    EXPECT_GT(bench.awaitSoundSince(killed), 0.0) << "a started device gives sound by itself";
+    EXPECT_TRUE(bench.waitFor([&] { return bench.announcements() > 1; }));
+    bench.pass(0.5);
+    if (!isPipeWire()) { // whose devices come one by one
+        EXPECT_EQ(bench.announcements(), 2);
+    }
+    EXPECT_EQ(bench.find("TestTone"), bench.device());
+    EXPECT_EQ(bench.heard().faults, 0u);
 }
 
 TEST_P(PulseFaultsTest, AStopEndsTheSilenceAndTheEmptyListIsAnnounced) {

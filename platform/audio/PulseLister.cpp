@@ -37,7 +37,7 @@ static_assert(ServerRecord::kFullVolume == PA_VOLUME_NORM);
 
 } // namespace
 
-PulseLister::PulseLister(std::function<void(ServerListing)> done) : mDone(std::move(done)) {}
+PulseLister::PulseLister(std::function<void(const ServerListing&)> done) : mDone(std::move(done)) {}
 
 void PulseLister::ask(pa_context* context) {
     mContext = context;
@@ -89,7 +89,7 @@ void PulseLister::onSink(pa_context*, const pa_sink_info* info, int end, void* l
 void PulseLister::finish() {
     follow(nullptr);
     const bool isOutdated = mIsOutdated;
-    mDone(std::move(mListing));
+    mDone(mListing);
     if (isOutdated) begin();
 }
 

@@ -15,7 +15,7 @@ namespace veltrano {
 class PulseLister {
 public:
     /// @param done called on the loop's thread with every complete listing
-    explicit PulseLister(std::function<void(ServerListing)> done);
+    explicit PulseLister(std::function<void(const ServerListing&)> done);
 
     /// While a listing is under way, another follows it: what changed may have been read already.
     void ask(pa_context* context);
@@ -32,7 +32,7 @@ private:
     /// Keeps @p next as the request under way; without one the listing is given up.
     void follow(pa_operation* next);
 
-    const std::function<void(ServerListing)> mDone;
+    const std::function<void(const ServerListing&)> mDone;
     pa_context* mContext = nullptr; ///< not owned
     PulseOperation mUnderWay;       ///< null: nothing was asked
     bool mIsOutdated = false;       ///< asked again while under way

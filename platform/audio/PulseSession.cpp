@@ -28,7 +28,7 @@ PulseSession::PulseSession(pa_mainloop_api* api, Log& log, std::string server,
                            std::string application, Reports reports)
     : mLog(log), mReports(std::move(reports)), mTimer(api, [this] { tend(); }),
       mConnection(api, std::move(server), std::move(application), *this),
-      mLister([this](ServerListing listing) { onListed(std::move(listing)); }) {
+      mLister([this](const ServerListing& listing) { onListed(listing); }) {
     mTimer.armNow();
 }
 
@@ -53,7 +53,7 @@ void PulseSession::onConnectionLost(bool wasConnected, Status status) {
 
 void PulseSession::onServerChanged() { mLister.ask(mConnection.context()); }
 
-void PulseSession::onListed(ServerListing listing) {
+void PulseSession::onListed(const ServerListing& listing) {
     mPolicy.listed(mTable.snapshot(listing), mClock.now());
     if (mIsBeginning) {
         mPolicy.adopt();

@@ -57,7 +57,7 @@ private:
     void onConnected() override;
     void onConnectionLost(bool wasConnected, Status status) override;
     void onServerChanged() override;
-    void onListed(ServerListing listing);
+    void onListed(const ServerListing& listing);
 
     void tend();
     void closeStopped(double now);

@@ -69,9 +69,16 @@ void Controller::applicationWillTerminate() {
     mPorts.preferences.savePreferences();
 }
 
-void Controller::applicationDidHide() { mAUInputUnit->stop(); }
+void Controller::applicationDidHide() {
+    mIsHidden = true;
+    mAUInputUnit->stop();
+}
 
-void Controller::applicationDidUnhide() { mAUInputUnit->start(); }
+void Controller::applicationDidUnhide() {
+    mIsHidden = false;
+    mAUInputUnit->start();
+    if (mAUInputUnit->inputDevice() == 0) rest(); // the device went while nobody listened
+}
 
 void Controller::observeSettings() {
     const auto observe = [this](std::string_view name, void (Controller::*handler)()) {
@@ -164,6 +171,9 @@ Status Controller::listenerProc(DeviceId, std::uint32_t, bool isInput, PropertyC
                                 void* refCon) noexcept {
     if (!isInput) return audio_status::kOk;
     auto& controller = *static_cast<Controller*>(refCon);
+    // A change of the devices has started the input again.
+    if (controller.mIsHidden && controller.mAUInputUnit->isRunning())
+        controller.mAUInputUnit->stop();
     // The device may have been replaced by another one.
     TunerDisplay& display = controller.mPorts.display;
     const std::string name = controller.mAUInputUnit->inputDeviceName().value_or("");

@@ -87,6 +87,7 @@ private:
     void holdPeak(double now);
     void takeSampleRate();
     void logDroppedFrames();
+    void rest(); ///< shows that nothing is heard
     void observeSettings();
     void referencePitchNotification();
     void temperamentChangedNotification();
@@ -135,6 +136,7 @@ private:
     std::int32_t mDisplayPeakHold = 0;
     std::uint64_t mLoggedDropped = 0;
     bool firstLaunch = false;
+    bool mIsHidden = false;
     bool pause = false; ///< kept: nothing sets it; a part that must suspend the analysis may
 };
 

@@ -94,6 +94,15 @@ void Controller::holdPeak(double now) {
     }
 }
 
+void Controller::rest() {
+    mPeak = 0;
+    mPeakHold = 0;
+    setLevelMeter();
+    mPorts.display.setLight(TunerLight::inTune, LightImage::gray28x28);
+    mPorts.display.setStrobeData(nullptr);
+    mPorts.display.setScopeData(silentFrame());
+}
+
 TuningChoice Controller::tuningChoice() const {
     const Preferences& prefs = mPorts.preferences;
     return {mReferencePitch, prefs.tuning() != 0, prefs.tonic(), prefs.temperamentTable(),

@@ -63,7 +63,7 @@ void PulseLister::follow(pa_operation* next) { mUnderWay.reset(next); }
 
 void PulseLister::onServer(pa_context* context, const pa_server_info* info, void* lister) {
     auto* self = static_cast<PulseLister*>(lister);
-    if (!info) return self->follow(nullptr);
+    if (!info) return self->giveUp();
     self->mListing.serverName = textOf(info->server_name);
     self->mListing.defaultSource = textOf(info->default_source_name);
     self->mListing.defaultSink = textOf(info->default_sink_name);
@@ -72,7 +72,7 @@ void PulseLister::onServer(pa_context* context, const pa_server_info* info, void
 
 void PulseLister::onSource(pa_context* context, const pa_source_info* info, int end, void* lister) {
     auto* self = static_cast<PulseLister*>(lister);
-    if (end < 0) return self->follow(nullptr);
+    if (end < 0) return self->giveUp();
     if (end > 0) return self->follow(pa_context_get_sink_info_list(context, &onSink, self));
     ServerRecord record = recordOf(*info, Direction::input);
     record.isMonitor = info->monitor_of_sink != PA_INVALID_INDEX;
@@ -81,9 +81,14 @@ void PulseLister::onSource(pa_context* context, const pa_source_info* info, int 
 
 void PulseLister::onSink(pa_context*, const pa_sink_info* info, int end, void* lister) {
     auto* self = static_cast<PulseLister*>(lister);
-    if (end < 0) return self->follow(nullptr);
+    if (end < 0) return self->giveUp();
     if (end > 0) return self->finish();
     self->mListing.records.push_back(recordOf(*info, Direction::output));
+}
+
+void PulseLister::giveUp() {
+    follow(nullptr);
+    if (mIsOutdated) begin(); // what changed meanwhile is not to be missed
 }
 
 void PulseLister::finish() {

@@ -28,6 +28,7 @@ private:
     static void onSink(pa_context*, const pa_sink_info* info, int end, void* lister);
 
     void begin();
+    void giveUp();
     void finish();
     /// Keeps @p next as the request under way; without one the listing is given up.
     void follow(pa_operation* next);

@@ -223,7 +223,8 @@ Status PulseSession::setVolumes(const DeviceRecord& device, const std::vector<fl
     pa_cvolume_init(&volume);
     volume.channels = std::uint8_t(std::min<std::size_t>(scalars.size(), PA_CHANNELS_MAX));
     for (unsigned channel = 0; channel < volume.channels; ++channel) {
-        volume.values[channel] = pa_volume_t(std::lround(scalars[channel] * float(PA_VOLUME_NORM)));
+        // Rounded up: a whole percentage that is read back and truncated is the one that was set.
+        volume.values[channel] = pa_volume_t(std::ceil(scalars[channel] * float(PA_VOLUME_NORM)));
     }
     const auto set = device.direction == Direction::input ? pa_context_set_source_volume_by_name
                                                           : pa_context_set_sink_volume_by_name;

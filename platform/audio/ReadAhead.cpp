@@ -36,7 +36,10 @@ bool ReadAhead::fill() {
         const std::span<float> storage =
             std::span(mStorage).subspan(slot * mSamplesPerBlock, mSamplesPerBlock);
         const std::int64_t frames = mRecording.read(storage);
-        if (frames == 0) return false;
+        if (frames == 0) {
+            mHasEnded.store(true, std::memory_order_release);
+            return false;
+        }
         const auto samples = std::size_t(frames) * std::size_t(mRecording.channels());
         mBlocks[slot] = Block{storage.first(samples), frames};
         mFull.push(slot); // never full: there are as many places as slots

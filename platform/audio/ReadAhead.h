@@ -5,6 +5,7 @@
 #include "platform/audio/Recording.h"
 #include "platform/realtime/SpscRing.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -32,6 +33,9 @@ public:
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
+    /// Playing thread. Whether all there is to come waits in the blocks. To be asked before
+    /// front(): only then is null the end, and not a disk that is late.
+    bool hasEnded() const noexcept { return mHasEnded.load(std::memory_order_acquire); }
     /// The next block, valid until pop(); null when none is ready, as after the last one.
     const Block* front() noexcept;
     /// Gives the front block back. Only after front() has answered one.
@@ -52,7 +56,8 @@ private:
     std::vector<Block> mBlocks; ///< by slot; written by the reading thread while it holds the slot
     SpscRing<std::uint32_t> mFull;
     SpscRing<std::uint32_t> mFree;
-    std::optional<std::uint32_t> mFront;  ///< playing thread
+    std::optional<std::uint32_t> mFront; ///< playing thread
+    std::atomic<bool> mHasEnded{false};  ///< written by the reading thread, after the last block
 
     std::mutex mMutex;
     std::condition_variable mEnding;

@@ -71,14 +71,15 @@ void RecordingDevice::stopRealTime() {
 }
 
 void RecordingDevice::onBlockDue() noexcept {
+    const bool hasEnded = mReadAhead->hasEnded();
     if (const ReadAhead::Block* const block = mReadAhead->front()) {
         if (!deliver(block->interleaved, block->frames)) return;
         mPosition.fetch_add(block->frames, std::memory_order_relaxed);
         mReadAhead->pop();
         return;
     }
-    // At the end, or the disk is slower than the sound.
-    deliver(mSilence, mFramesPerBlock);
+    // A disk that is late must not put silence into the recording: its blocks come later.
+    if (hasEnded) deliver(mSilence, mFramesPerBlock);
 }
 
 } // namespace veltrano

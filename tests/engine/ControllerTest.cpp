@@ -288,5 +288,34 @@ TEST(Controller, EachSettingUpdatesTheReading) {
               std::string::npos);
 }
 
+TEST(Controller, AHotPlugWhileHiddenDoesNotStartTheInput) {
+    ControllerRig rig;
+    Controller& controller = rig.start();
+    controller.applicationDidHide();
+    VirtualDevice second;
+    second.manufacturer = "Other";
+    second.name = "Line";
+    second.input = VirtualDevice::side(44100, 1);
+    rig.hardware.addDevice(second);
+    rig.mainThread.runPending();
+    EXPECT_FALSE(rig.hardware.isStarted(rig.device));
+    controller.applicationDidUnhide();
+    EXPECT_TRUE(rig.hardware.isStarted(rig.device));
+}
+
+TEST(Controller, ShownAgainWithoutADeviceTheDisplaysAreAtRest) {
+    ControllerRig rig;
+    Controller& controller = rig.start();
+    controller.updateUI(frameOf(toneSamples(100)));
+    controller.applicationDidHide();
+    rig.hardware.removeDevice(rig.device);
+    rig.mainThread.runPending();
+    controller.applicationDidUnhide();
+    EXPECT_EQ(rig.display.light(TunerLight::inTune), LightImage::gray28x28);
+    EXPECT_EQ(rig.display.light(TunerLight::level0), LightImage::gray16x16);
+    EXPECT_EQ(rig.text(TunerText::level), "-96dB");
+    EXPECT_EQ(rig.display.strobeData, nullptr);
+}
+
 } // namespace
 } // namespace veltrano

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cmath>
 #include <cstdint>
 
 namespace veltrano {
@@ -36,7 +37,7 @@ public:
         for (auto* time : {&lastAt, &soundAt, &resumedAt, &firstTime, &lastTime})
             time->store(0);
         channels = 0;
-        mLastSample = 0;
+        mIsBelow = false;
         mWasSound = false;
     }
 
@@ -85,8 +86,9 @@ private:
         for (std::size_t index = 0; index < length * buffer.channels; ++index) {
             if (buffer.data[index] != 0) isSilent = false;
             if (index % buffer.channels != 0) continue;
-            if (mLastSample < 0 && buffer.data[index] >= 0) ++found;
-            mLastSample = buffer.data[index];
+            // The ringing around a gap passes zero many times, but stays small.
+            if (mIsBelow && buffer.data[index] > kClearly) ++found;
+            if (std::abs(buffer.data[index]) > kClearly) mIsBelow = buffer.data[index] < 0;
         }
         add(crossings, found);
         if (isSilent) {
@@ -104,8 +106,10 @@ private:
         count.store(count.load(std::memory_order_relaxed) + more, std::memory_order_release);
     }
 
+    static constexpr float kClearly = 0.02f; ///< beyond it a sample is above or below zero
+
     // The procedure's thread only.
-    float mLastSample = 0;  ///< of the first channel
+    bool mIsBelow = false;  ///< the first channel was clearly below zero last
     bool mWasSound = false; ///< of the block before
 };
 

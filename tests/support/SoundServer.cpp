@@ -168,7 +168,7 @@ void SoundServer::launchPipeWire() {
     if (mDevices != Devices::sinkAndTone) return;
     add({"sh", "-c",
          "until pacat --playback --raw --format=float32ne --channels=1 --rate=8000 --device=hum "
-         "--latency-msec=50 " +
+         "--latency-msec=200 " +
              mFolder + "/tone.raw; do sleep 0.005; done"});
 }
 
@@ -272,7 +272,7 @@ void SoundServer::play(std::span<const float> samples, int sampleRateHz, const s
                                               "--channels=1",
                                               "--rate=" + std::to_string(sampleRateHz),
                                               "--device=" + sink,
-                                              "--latency-msec=50",
+                                              "--latency-msec=200",
                                               file};
     mPlayer = std::make_unique<TestProcess>(command, environment(), "");
 }

@@ -159,7 +159,8 @@ TEST_P(PulseHardwareTest, A440HertzTonePlayedIntoTheSinkArrives) {
     bench.pass(2);
     bench.stop();
     const double seconds = double(bench.heard().soundFrames) / 44100;
-    EXPECT_NEAR(double(bench.heard().crossings) / seconds, 440.0, 5.0);
+    EXPECT_NEAR(double(bench.heard().crossings) / seconds, 440.0, 20.0)
+        << "a wrong rate is 38 Hz off or more; a server under load leaves gaps";
     EXPECT_NEAR(seconds, 2.0, 0.5) << "all of it, in real time";
     EXPECT_EQ(bench.heard().faults, 0u);
     EXPECT_EQ(bench.heard().firstTime, double(bench.heard().firstFrames))

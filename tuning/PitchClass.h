@@ -8,9 +8,9 @@
 
 namespace veltrano {
 
-constexpr int kKeys = 108;       ///< key numbers 0 (C0) ... 107 (B8), twelve per octave
-constexpr int kKeyA4 = 57;       ///< the key that has the reference pitch
-constexpr int kNoKey = -1;       ///< where a key number may be absent
+constexpr int kKeys = 108; ///< key numbers 0 (C0) ... 107 (B8), twelve per octave
+constexpr int kKeyA4 = 57; ///< the key that has the reference pitch
+constexpr int kNoKey = -1; ///< where a key number may be absent
 constexpr int kPitchClasses = 12;
 
 /// A letter and its accidental as shown on the tuner window. The spelling is fixed, whatever the
@@ -25,9 +25,18 @@ constexpr std::string_view kSharpSign = "\u266F";
 constexpr std::string_view kFlatSign = "\u266D";
 
 inline constexpr std::array<NoteSpelling, kPitchClasses> kNoteSpellings{{
-    {'C', kNoAccidental}, {'C', kSharpSign}, {'D', kNoAccidental}, {'E', kFlatSign},
-    {'E', kNoAccidental}, {'F', kNoAccidental}, {'F', kSharpSign}, {'G', kNoAccidental},
-    {'G', kSharpSign}, {'A', kNoAccidental}, {'B', kFlatSign}, {'B', kNoAccidental},
+    {'C', kNoAccidental},
+    {'C', kSharpSign},
+    {'D', kNoAccidental},
+    {'E', kFlatSign},
+    {'E', kNoAccidental},
+    {'F', kNoAccidental},
+    {'F', kSharpSign},
+    {'G', kNoAccidental},
+    {'G', kSharpSign},
+    {'A', kNoAccidental},
+    {'B', kFlatSign},
+    {'B', kNoAccidental},
 }};
 
 /// @param key 0 ... 107

@@ -41,11 +41,24 @@ public:
     virtual void setHidden(bool hidden) = 0;
 };
 
+/// A table or a drawing that shows what its document holds.
+class Refreshable {
+public:
+    virtual ~Refreshable() = default;
+    virtual void refresh() = 0; ///< shows the values anew
+};
+
 /// The pictures of the lights, named as their files.
 enum class LightImage {
-    gray16x16, green16x16, yellow16x16, red16x16, // level lights
-    gray28x28, green28x28, blue28x28,             // in-tune light
-    gray24x24, red24x24,                          // flat and sharp lights
+    gray16x16,
+    green16x16,
+    yellow16x16,
+    red16x16, // level lights
+    gray28x28,
+    green28x28,
+    blue28x28, // in-tune light
+    gray24x24,
+    red24x24, // flat and sharp lights
 };
 constexpr int kLightImages = 9;
 

@@ -35,6 +35,8 @@ public:
                                          const RatioTable& ratios);
 
 private:
+    bool takeLine(int number, const std::string& line); ///< one that is no comment
+
     std::optional<std::string> mDescription;
     std::optional<std::string> mErrorMessage;
     RatioTable mRatio;

@@ -31,6 +31,9 @@ constexpr int rowOfA(int key) { return (21 - key) % 12; }
 /// 2^((k - 9) / 12) for the pitch class k of @p row: the equal-tempered ratio to A of one octave.
 double equalRatio(int row, int key);
 
+/// Whether a value lies in -50 ... +50; what is not finite does not.
+bool isInRange(double cents);
+
 /// Shifts @p cents so that A's row is 0. False, with kOutOfRange logged, at the first value outside
 /// -50 ... +50 or not finite; kept: the rows before it stay shifted.
 bool normalizeCents(CentTable& cents, int key, Log& log);

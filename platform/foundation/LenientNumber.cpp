@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/foundation/LenientNumber.h"
 
+#include "platform/foundation/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -11,7 +13,6 @@ namespace veltrano {
 
 namespace {
 
-constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 struct Signed {
@@ -20,8 +21,10 @@ struct Signed {
 };
 
 Signed splitSign(std::string_view text) {
-    while (!text.empty() && isSpace(text.front()))
-        text.remove_prefix(1);
+    while (const auto first = firstUtf8(text)) {
+        if (!isUnicodeSpace(first->code)) break;
+        text.remove_prefix(first->length);
+    }
     if (text.empty() || (text.front() != '+' && text.front() != '-')) return {false, text};
     return {text.front() == '-', text.substr(1)};
 }
@@ -77,12 +80,26 @@ int lenientInt(std::string_view text) {
     return value > most ? std::numeric_limits<int>::max() : int(value);
 }
 
+double lenientWhole(std::string_view text) {
+    const Signed parts = splitSign(text);
+    std::size_t length = 0;
+    while (length < parts.digits.size() && isDigit(parts.digits[length]))
+        ++length;
+    const double magnitude = lenientDouble(parts.digits.substr(0, length));
+    return parts.negative ? -magnitude : magnitude;
+}
+
 std::string fixedDecimals(double value, int decimals) {
     // The largest double has 309 digits before its point.
     std::array<char, 400> text;
     const auto result = std::to_chars(text.data(), text.data() + text.size(), value,
                                       std::chars_format::fixed, decimals);
     return std::string(text.data(), result.ptr);
+}
+
+std::string signedDecimals(double value, int decimals) {
+    const std::string text = fixedDecimals(value, decimals);
+    return text.front() == '-' ? text : '+' + text;
 }
 
 } // namespace veltrano

@@ -26,6 +26,9 @@ struct StringsFile {
 /// U+2028 or U+2029. A key that occurs twice has its last value. An empty file has no pairs.
 StringsFile parseStringsFile(std::string_view utf8);
 
+/// The value under @p key; nullopt: there is no such key.
+std::optional<std::string> valueOf(const StringsDictionary& pairs, std::string_view key);
+
 /// @p text as it stands between the quotes of a file: backslash, double quote, newline, tab and
 /// carriage return escaped, in this order.
 std::string propertyString(std::string_view text);

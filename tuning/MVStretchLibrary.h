@@ -2,49 +2,42 @@
 // The stretch tables in the library folder.
 #pragma once
 
-#include "platform/desktop/ControlPorts.h"
-#include "platform/foundation/Log.h"
+#include "tuning/FolderLibrary.h"
 #include "tuning/StretchFile.h"
 #include "tuning/TuningLibraries.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace veltrano {
 
-/// Thread: main. The folder is read at the first look-up. Every look-up takes the first entry that
-/// matches; a file name is the last component of a path.
-class MVStretchLibrary final : public StretchLibrary {
+/// The files with the extension "stretch" (kept: in lower case only). Thread: main.
+class MVStretchLibrary final : public FolderLibrary<StretchLibrary, StretchEntry> {
 public:
     /// @param folder whole path; need not exist: the list is then empty
-    MVStretchLibrary(std::string folder, Log& log);
+    /// @param log outlives this
+    MVStretchLibrary(std::string_view folder, Log& log);
 
-    const std::string& folder() const { return mFolder; }
-    void loadStretches(); ///< kept: the extension counts in lower case only
-    void sortStretchs();  ///< by name, case-insensitively; entries without a name first
+    void loadStretches() { load(); }
+    /// By name in any case of letters; entries without a name come first.
+    void sortStretchs() { sort(); }
     /// Logged when it is refused. @param path whole
     std::optional<StretchEntry> stretchDataAtPath(std::string_view path) const;
-    const std::vector<StretchEntry>& entries();
 
-    std::optional<int> indexOfStretchWithFileName(std::string_view fileName) const override;
+    std::optional<int> indexOfStretchWithFileName(std::string_view fileName) const override {
+        return indexOfFileName(fileName);
+    }
     std::optional<StretchTable> stretchForFileName(std::string_view fileName) const override;
-    std::string nameForFileName(std::string_view fileName) const override;
-    std::string descriptionForFileName(std::string_view fileName) const override;
-    std::string pathForFileName(std::string_view fileName) const override;
-    std::string stretchFileNameAtIndex(int index) const; ///< @p index must be valid
-
-    void updatePopUpButton(PopUpMenu& menu);
+    /// @param index must be valid
+    std::string stretchFileNameAtIndex(int index) const { return fileNameAtIndex(index); }
 
     /// Takes a document's values in when its file lies directly in the folder, then sorts.
     /// @return whether it did; the caller then posts kStretchSaved
-    bool updateStretch(const StretchEntry& saved);
+    bool updateStretch(const StretchEntry& saved) { return update(saved); }
 
-private:
-    std::string mFolder;
-    Log& mLog;
-    mutable std::optional<std::vector<StretchEntry>> mList;
+protected:
+    std::optional<StretchEntry> read(const std::string& path) const override;
 };
 
 } // namespace veltrano

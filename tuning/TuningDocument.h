@@ -67,13 +67,18 @@ public:
     bool saveToFile(const std::string& path, SaveOperation operation) override;
 
 protected:
+    /// What the two fields show.
+    struct Texts {
+        std::string name;
+        std::string description;
+        bool operator==(const Texts&) const = default;
+    };
     /// Everything that undo brings back.
     struct State {
         std::function<void()> restoreValues;
         std::optional<std::string> nameString;
         std::optional<std::string> descriptionString;
-        std::string name;
-        std::string description;
+        Texts shown;
     };
 
     bool writeToFile(const std::string& path, std::string_view typeName,
@@ -97,19 +102,22 @@ protected:
     void finishEdit(std::string_view editName, State before);
     void updateUI();
 
+    void didLoad(); ///< after the values and the strings came from a file
+
 private:
     void clear(std::string_view editName);
     void restore(const State& state);
-    void fillFields();
+    void show(const Texts& texts);
+    void noteShownTexts();
     EditStep stepFrom(std::string_view editName, State before);
 
     Outlets mOutlets;
-    std::optional<std::string> mNameString;
+    std::optional<std::string> mNameString; ///< as read from a file, for the field to show
     std::optional<std::string> mDescriptionString;
-    State mTyped;                             ///< before the next letter
+    Texts mShown;                             ///< before the letter that is being typed
     const TextOutlet* mTypingField = nullptr; ///< of the run under way; null: none
-    int mTypingRun = 0;                       ///< of the last letter typed
-    bool mIsSaveToFile = false;
+    int mTypingRun = 0;
+    bool mIsSaveToFile = false; ///< while a save operation runs, which tells the library itself
 };
 
 } // namespace veltrano

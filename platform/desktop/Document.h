@@ -2,11 +2,12 @@
 // A document of the desktop: its file, its edits, its window.
 #pragma once
 
+#include "platform/desktop/AtomicFile.h"
 #include "platform/desktop/DocumentPorts.h"
 #include "platform/desktop/EditHistory.h"
 #include "platform/foundation/Log.h"
 
-#include <QDateTime>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,7 +56,8 @@ public:
     void redo();
 
     // File. A path is whole.
-    /// Reads @p path as that type. False: refused, the reason is logged; not for a second file.
+    /// Reads @p path as that type and belongs to it from then on. False: refused, the reason is
+    /// logged.
     bool readFromFile(std::string_view path, std::string_view typeName);
     /// With its panels and questions. False: cancelled or failed (the user was told).
     bool saveDocument();
@@ -73,6 +75,11 @@ public:
     virtual void setPrintInfo(const PrintInfo& info); ///< marks the document changed
     void runPageSetup();
     virtual void printShowingPrintPanel(bool showsPanel);
+
+    /// Told after a file was written. @param path of the file, also of a copy
+    void setDidWrite(std::function<void(const std::string& path)> didWrite) {
+        mDidWrite = std::move(didWrite);
+    }
 
     // Window
     DocumentWindow* window() const { return mWindow.get(); } ///< null: none was made
@@ -101,6 +108,13 @@ protected:
     const DocumentServices& services() const { return mServices; }
 
 private:
+    bool mayReplaceFile();
+    bool mayWriteWhatReadsBackOtherwise();
+    std::optional<std::string> askForPath(std::string_view title);
+    void loseSavedState();
+    bool reload();
+    void updateWindow();
+
     const DocumentServices mServices;
     const FileType mFileType;
     std::string mPath;
@@ -109,8 +123,8 @@ private:
     bool mIsSavedStateLost = false;
     EditHistory mHistory;
     PrintInfo mPrintInfo;
-    QDateTime mFileTime; ///< of the file as it was read or written last
-    qint64 mFileSize = 0;
+    FileStamp mFileStamp; ///< of the file as it was read or written last
+    std::function<void(const std::string&)> mDidWrite;
     std::unique_ptr<DocumentWindow> mWindow;
 };
 

@@ -28,18 +28,20 @@ struct DocumentKind {
 class DocumentController {
 public:
     /// @param defaults where the recent files are kept; outlives this
-    DocumentController(const DocumentServices& services, UserDefaults& defaults);
+    /// @param takeReason what was logged since it was last asked, for an alert; may be empty
+    DocumentController(const DocumentServices& services, UserDefaults& defaults,
+                       std::function<std::string()> takeReason = {});
     ~DocumentController();
 
     void addKind(DocumentKind kind);
     /// The kind of a path by its extension, in any case of letters; null: none.
     const DocumentKind* kindOfPath(std::string_view path) const;
 
-    /// An untitled document ("Untitled", "Untitled 2" ...), with its window unless @p isShown is
-    /// false. Null: no such type, or its window cannot be made (logged).
+    /// An untitled document ("Untitled", "Untitled 2" ...) with its window, which is not shown when
+    /// @p isShown is false. Null: no such type, or its window cannot be made (logged).
     Document* openUntitledDocumentOfType(std::string_view typeName, bool isShown);
-    /// The document of that file, opened when it is not yet; shown. A file to import becomes an
-    /// untitled document through its kind's importer. Null: refused, the user was told.
+    /// The document of that file, opened when it is not yet; shown. Null: refused, the user was
+    /// told; or a file to import, which the importer was told of.
     Document* openDocumentWithContentsOfFile(std::string_view path);
     void openDocument(); ///< the Open panel
     /// Closes it without a question.
@@ -62,8 +64,15 @@ public:
     void clearRecentPaths();
 
 private:
+    const DocumentKind* kindOfType(std::string_view typeName) const;
+    std::string freeUntitledName() const;
+    Document* add(const DocumentKind& kind, std::unique_ptr<Document> document);
+    void refuse(std::string_view path, const std::string& reason);
+    void keepRecentPaths(const std::vector<std::string>& paths);
+
     const DocumentServices mServices;
     UserDefaults& mDefaults;
+    const std::function<std::string()> mTakeReason;
     std::vector<DocumentKind> mKinds;
     std::vector<std::unique_ptr<Document>> mDocuments;
     std::function<void(std::string_view path)> mImporter;

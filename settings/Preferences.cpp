@@ -29,6 +29,13 @@ bool stored(Value& field, Value value) {
     return true;
 }
 
+/// Whether @p document is that of a library's file. Neither an untitled document nor an entry that
+/// is not known has a path.
+template <class Document>
+bool isFileOf(const Document& document, const std::string& path) {
+    return !path.empty() && document.fileName() == path;
+}
+
 } // namespace
 
 Preferences::Preferences(const PreferencesPorts& ports)
@@ -50,7 +57,7 @@ void Preferences::replaceSharedInstance(Preferences* preferences) {
 }
 
 void Preferences::setReferencePitch(double hz) {
-    if (stored(mReferencePitch, hz)) post(notification::kReferencePitch);
+    if (std::isfinite(hz) && stored(mReferencePitch, hz)) post(notification::kReferencePitch);
 }
 
 void Preferences::setTuning(int index) {
@@ -122,7 +129,9 @@ void Preferences::setManualNote(int key) {
 }
 
 void Preferences::setManualPitch(double hz) {
-    if (stored(mManualPitch, hz)) post(notification::kManualModeChanged);
+    // A value that is not equal to itself would be news each time, and whoever hears of it may set
+    // it.
+    if (std::isfinite(hz) && stored(mManualPitch, hz)) post(notification::kManualModeChanged);
 }
 
 void Preferences::setSoundBack(bool on) {
@@ -182,7 +191,7 @@ void Preferences::observeLibraries() {
 void Preferences::temperamentEdited(const std::any& object) {
     const auto* document = std::any_cast<const EditedTemperament*>(&object);
     if (mTuning == 0 || !document || !*document) return;
-    if ((*document)->fileName() != mTemperaments->pathForFileName(mTuningFileName)) return;
+    if (!isFileOf(**document, mTemperaments->pathForFileName(mTuningFileName))) return;
     mCentTable = (*document)->temperamentCents();
     mTemperaments->normalizeCents(mCentTable, mTonic);
     post(notification::kTemperamentChanged);
@@ -203,7 +212,7 @@ void Preferences::temperamentSaved() {
 void Preferences::stretchEdited(const std::any& object) {
     const auto* document = std::any_cast<const EditedStretch*>(&object);
     if (mStretch == 0 || !document || !*document) return;
-    if ((*document)->fileName() != mStretches->pathForFileName(mStretchFileName)) return;
+    if (!isFileOf(**document, mStretches->pathForFileName(mStretchFileName))) return;
     mStretchTable = (*document)->stretch();
     post(notification::kStretchChanged);
 }

@@ -4,6 +4,7 @@
 
 #include "platform/foundation/NotificationCenter.h"
 #include "tuning/TuningLibraries.h"
+#include "tuning/TuningSettings.h"
 
 #include <any>
 #include <optional>
@@ -42,10 +43,10 @@ struct PreferencesPorts {
 /// A temperament or stretch is chosen by index: 0 none (equal temperament, no stretch), 1 the
 /// menu's separator, which is never selected, n >= 2 the library's entry n - 2. What is stored is
 /// the file name, so that a library that changes between runs still finds the entry.
-class Preferences {
+class Preferences final : public TuningSettings {
 public:
     explicit Preferences(const PreferencesPorts& ports);
-    ~Preferences();
+    ~Preferences() override;
     Preferences(const Preferences&) = delete;
     Preferences& operator=(const Preferences&) = delete;
 
@@ -64,14 +65,14 @@ public:
     bool firstLaunch() const { return mFirstLaunch; } ///< nothing had been saved yet
 
     // Tuning
-    double referencePitch() const { return mReferencePitch; } ///< [Hz] of A4
-    void setReferencePitch(double hz);
+    double referencePitch() const override { return mReferencePitch; } ///< [Hz] of A4
+    void setReferencePitch(double hz);                                 ///< not finite: ignored
     int tuning() const { return mTuning; }
     void setTuning(int index);
     const std::string& tuningFileName() const { return mTuningFileName; } ///< empty: none
     void setTuningFileName(std::string_view name) { mTuningFileName = name; }
     void setTuningForFileName(std::string_view name); ///< unknown or empty: equal temperament
-    int tonic() const { return mTonic; }              ///< 0 (C) ... 11
+    int tonic() const override { return mTonic; }     ///< 0 (C) ... 11
     void setTonic(int pitchClass);                    ///< outside 0 ... 11: ignored
     int stretch() const { return mStretch; }
     void setStretch(int index);
@@ -98,7 +99,7 @@ public:
     int manualNote() const { return mManualNote; }      ///< key number
     void setManualNote(int key);                        ///< outside 0 ... 107: ignored
     double manualPitch() const { return mManualPitch; } ///< [Hz]
-    void setManualPitch(double hz);
+    void setManualPitch(double hz);                     ///< not finite: ignored
 
     // Windows and what they show
     bool pianoKeyboard() const { return mPianoKeyboard; }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tuning/MVTemperamentDocument.h"
 
+#include "platform/desktop/AtomicFile.h"
 #include "platform/foundation/NotificationNames.h"
 #include "tuning/ScalaScaleData.h"
 
-#include <QSaveFile>
 #include <any>
 #include <cmath>
 #include <filesystem>
@@ -14,13 +14,6 @@ namespace veltrano {
 namespace {
 
 constexpr double kFileStep = 1e-9; ///< [cents] the last decimal of a file
-
-bool writeAtomically(const std::string& path, std::string_view bytes) {
-    QSaveFile file(QString::fromStdString(path));
-    const auto count = static_cast<qint64>(bytes.size());
-    return file.open(QIODevice::WriteOnly) && file.write(bytes.data(), count) == count &&
-           file.commit();
-}
 
 } // namespace
 
@@ -139,7 +132,9 @@ void MVTemperamentDocument::exportTemperament() {
     // kept: the ratios are those to A, not those to the tonic
     const std::string bytes =
         ScalaScaleData::scaleDataWithName(name(), description(), mTemperament.ratios());
-    if (writeAtomically(*path, bytes)) return;
+    const auto error = writeFileAtomically(*path, bytes);
+    if (!error) return;
+    services().log.detail(*path + ": " + *error);
     services().panels.alert("Unable to export Scala Scale File (.scl).",
                             "Veltrano failed to export to a Scala Scale File (.scl) at " + *path +
                                 ".");

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A table whose cells are edited by keyboard.
+#include "tuning/CellTable.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <utility>
+
+namespace veltrano {
+
+namespace {
+
+/// Which keys end an edit and go on; nullopt: another key.
+std::optional<CellTable::Ending> endingOf(const QKeyEvent& key) {
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return (key.modifiers() & Qt::ShiftModifier) ? CellTable::Ending::goBack
+                                                     : CellTable::Ending::goOn;
+    case Qt::Key_Tab:
+        return CellTable::Ending::nextCell;
+    case Qt::Key_Backtab:
+        return CellTable::Ending::previousCell;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// The field in which a cell is edited.
+class CellDelegate final : public QStyledItemDelegate {
+public:
+    explicit CellDelegate(CellTable& table) : QStyledItemDelegate(&table), mTable(table) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+        editor->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
+        mEdited = index;
+        return editor;
+    }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return QStyledItemDelegate::eventFilter(object, event);
+        const auto ending = endingOf(*static_cast<QKeyEvent*>(event));
+        auto* editor = qobject_cast<QWidget*>(object);
+        if (!ending || !editor) return QStyledItemDelegate::eventFilter(object, event);
+        const QModelIndex at = mEdited;
+        emit commitData(editor);
+        emit closeEditor(editor);
+        mTable.didEndEditing(at, *ending);
+        return true;
+    }
+
+private:
+    CellTable& mTable;
+    mutable QPersistentModelIndex mEdited;
+};
+
+} // namespace
+
+CellTableModel::CellTableModel(CellTableContents contents, QObject* parent)
+    : QAbstractTableModel(parent), mContents(std::move(contents)) {}
+
+void CellTableModel::refresh() {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+int CellTableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : mContents.rows;
+}
+
+int CellTableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(mContents.columnTitles.size());
+}
+
+QVariant CellTableModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return mContents.text(index.row(), index.column());
+    case Qt::AccessibleTextRole:
+        return mContents.accessibleText(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+        return QVariant((index.column() == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}
+
+QVariant CellTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::DisplayRole) return mContents.columnTitles.value(section);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant((section == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+    return {};
+}
+
+Qt::ItemFlags CellTableModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (!index.isValid() || !mContents.mayEdit(index.row(), index.column())) return flags;
+    return flags | Qt::ItemIsEditable;
+}
+
+bool CellTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
+    // A text that was not touched is no edit: its digits are fewer than those of its value.
+    const QString text = value.toString();
+    if (text == data(index, Qt::EditRole).toString()) return true;
+    mContents.setText(index.row(), index.column(), text);
+    return true;
+}
+
+CellTable::CellTable(QWidget* parent) : QTableView(parent) {
+    setItemDelegate(new CellDelegate(*this));
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setSelectionMode(SingleSelection);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(false); // Tab leaves the table; inside an edit it goes on
+    setCornerButtonEnabled(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+}
+
+bool CellTable::mayEdit(CellPosition cell) const {
+    return model()->index(cell.row, cell.column).flags().testFlag(Qt::ItemIsEditable);
+}
+
+void CellTable::didEndEditing(const QModelIndex& at, Ending ending) {
+    if (!at.isValid()) return;
+    const CellPosition from{at.row(), at.column()};
+    const bool isByColumn = ending == Ending::goOn || ending == Ending::goBack;
+    const std::optional<CellPosition> to =
+        isByColumn ? nextCell(from, ending == Ending::goBack)
+                   : neighbour(from, ending == Ending::previousCell ? -1 : 1);
+    setFocus();
+    if (!to) return;
+    const QModelIndex next = model()->index(to->row, to->column);
+    setCurrentIndex(next);
+    if (mayEdit(*to)) edit(next);
+}
+
+/// The next cell, line by line, that may be edited.
+std::optional<CellPosition> CellTable::neighbour(CellPosition at, int step) const {
+    const int columns = model()->columnCount();
+    const int cells = columns * model()->rowCount();
+    for (int i = at.row * columns + at.column + step; i >= 0 && i < cells; i += step) {
+        const CellPosition cell{i / columns, i % columns};
+        if (mayEdit(cell)) return cell;
+    }
+    return std::nullopt;
+}
+
+void CellTable::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && state() != EditingState && currentIndex().isValid() &&
+        currentIndex().flags().testFlag(Qt::ItemIsEditable)) {
+        edit(currentIndex());
+        event->accept();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+QSize CellTable::viewportSizeHint() const { return QTableView::viewportSizeHint(); }
+
+QSize CellTable::sizeHint() const {
+    const int row = fontMetrics().height() + 6;
+    const int rows = model() ? model()->rowCount() : 12;
+    const int frame = 2 * frameWidth();
+    return {QTableView::sizeHint().width(),
+            rows * row + horizontalHeader()->sizeHint().height() + frame};
+}
+
+std::optional<CellPosition> TemperamentTableView::nextCell(CellPosition at, bool isUp) const {
+    const int rows = model()->rowCount();
+    const auto mayEditRow = [this, &at](int row) { return mayEdit({row, at.column}); };
+    if (isUp) return CellPosition{cell_movement::rowAbove(at.row, rows, mayEditRow), at.column};
+    const std::optional<int> row = cell_movement::rowBelow(at.row, rows, mayEditRow);
+    if (!row) return std::nullopt;
+    return CellPosition{*row, at.column};
+}
+
+std::optional<CellPosition> StretchTableView::nextCell(CellPosition at, bool isUp) const {
+    return cell_movement::nextInColumns(at, model()->rowCount(), model()->columnCount(), isUp);
+}
+
+} // namespace veltrano

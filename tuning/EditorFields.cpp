@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The name and description fields of an editor.
+#include "tuning/EditorFields.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <algorithm>
+#include <utility>
+
+namespace veltrano {
+
+EditorField::EditorField(QLineEdit& line, std::function<void(const TextOutlet&)> didType)
+    : QObject(&line), mLine(&line), mText(nullptr) {
+    line.installEventFilter(this);
+    connect(&line, &QLineEdit::textEdited, this,
+            [this, didType = std::move(didType)] { didType(*this); });
+}
+
+EditorField::EditorField(QPlainTextEdit& text, std::function<void(const TextOutlet&)> didType)
+    : QObject(&text), mLine(nullptr), mText(&text) {
+    text.setUndoRedoEnabled(false);
+    text.installEventFilter(this);
+    connect(&text, &QPlainTextEdit::textChanged, this, [this, didType = std::move(didType)] {
+        if (!mIsFilling) didType(*this);
+    });
+}
+
+QWidget& EditorField::widget() const {
+    if (mLine) return *mLine;
+    return *mText;
+}
+
+void EditorField::setText(std::string_view utf8) {
+    const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (mLine) {
+        const int cursor = mLine->cursorPosition();
+        mLine->setText(text);
+        mLine->setCursorPosition(cursor); // clipped to the text
+        return;
+    }
+    const int cursor = mText->textCursor().position();
+    mIsFilling = true;
+    mText->setPlainText(text);
+    mIsFilling = false;
+    QTextCursor restored = mText->textCursor();
+    restored.setPosition(std::min(cursor, static_cast<int>(text.size())));
+    mText->setTextCursor(restored);
+}
+
+std::string EditorField::text() const {
+    return (mLine ? mLine->text() : mText->toPlainText()).toStdString();
+}
+
+void EditorField::setTip(std::string_view tip) {
+    widget().setToolTip(QString::fromUtf8(tip.data(), static_cast<qsizetype>(tip.size())));
+}
+
+void EditorField::setHidden(bool hidden) { widget().setHidden(hidden); }
+
+bool EditorField::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore(); // so that it reaches the menu
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace veltrano

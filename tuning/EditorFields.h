@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The name and description fields of an editor.
+#pragma once
+
+#include "platform/desktop/ControlPorts.h"
+
+#include <QObject>
+#include <functional>
+#include <string>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace veltrano {
+
+/// A field that its document fills and reads. Undo and redo while typing are the document's: the
+/// field leaves their keys to the menus. Thread: main. Owned by whoever owns the widget.
+class EditorField final : public QObject, public TextOutlet {
+    Q_OBJECT
+public:
+    /// @param didType told after each change by the user
+    EditorField(QLineEdit& line, std::function<void(const TextOutlet&)> didType);
+    EditorField(QPlainTextEdit& text, std::function<void(const TextOutlet&)> didType);
+
+    void setText(std::string_view text) override;
+    std::string text() const override;
+    void setTip(std::string_view tip) override;
+    void setHidden(bool hidden) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& widget() const;
+
+    QLineEdit* const mLine;
+    QPlainTextEdit* const mText;
+    bool mIsFilling = false; ///< the document writes, nobody types
+};
+
+} // namespace veltrano

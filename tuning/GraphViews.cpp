@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The graphs in the windows of temperaments and stretch tables.
+#include "tuning/GraphViews.h"
+
+#include "platform/foundation/LenientNumber.h"
+#include "tuning/MVStretchDocument.h"
+#include "tuning/MVTemperamentDocument.h"
+#include "tuning/PitchClass.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace veltrano {
+
+namespace {
+
+constexpr int kPitchClassA = 9;
+
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// "-12.3 to +4.0 cents": what a glance at a curve tells.
+QString rangeOf(std::span<const double> cents) {
+    const auto [lowest, highest] = std::ranges::minmax(cents);
+    return GraphView::tr("%1 to %2 cents")
+        .arg(fromUtf8(signedDecimals(lowest, 1)), fromUtf8(signedDecimals(highest, 1)));
+}
+
+} // namespace
+
+GraphView::GraphView(QWidget* parent)
+    : QWidget(parent), AccessibleReadout(static_cast<QWidget&>(*this), QAccessible::Chart) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void GraphView::refresh() {
+    update();
+    accessibleValueChanged();
+}
+
+void GraphView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    graph().paint(painter, width(), height());
+}
+
+CentGraph TemperamentGraphView::graphOf(const MVTemperamentDocument& document) {
+    const Temperament& values = document.values();
+    CentGraph graph;
+    for (int row = 0; row < kPitchClasses; ++row)
+        graph.columns.push_back({CentGraph::grid(), fromUtf8(values.noteName(row))});
+    graph.cents = values.cents();
+    return graph;
+}
+
+void TemperamentGraphView::setTemperamentDocument(const MVTemperamentDocument* document) {
+    mTemperamentDocument = document;
+    refresh();
+}
+
+CentGraph TemperamentGraphView::graph() const {
+    if (mTemperamentDocument) return graphOf(*mTemperamentDocument);
+    return {std::vector<CentGraph::Column>(kPitchClasses, {CentGraph::grid(), {}}), {}};
+}
+
+QString TemperamentGraphView::accessibleValue() const {
+    return mTemperamentDocument ? rangeOf(mTemperamentDocument->values().cents()) : QString();
+}
+
+CentGraph StretchGraphView::graphOf(const MVStretchDocument& document) {
+    CentGraph graph;
+    for (int key = 0; key < kKeys; ++key) {
+        const bool isA = key % kPitchClasses == kPitchClassA;
+        graph.columns.push_back({isA ? QColor(Qt::black) : CentGraph::grid(),
+                                 isA ? QStringLiteral("A%1").arg(key / kPitchClasses) : QString()});
+    }
+    graph.cents = document.stretchDoubles();
+    return graph;
+}
+
+void StretchGraphView::setStretchDocument(const MVStretchDocument* document) {
+    mStretchDocument = document;
+    refresh();
+}
+
+CentGraph StretchGraphView::graph() const {
+    if (mStretchDocument) return graphOf(*mStretchDocument);
+    return {std::vector<CentGraph::Column>(kKeys, {CentGraph::grid(), {}}), {}};
+}
+
+QString StretchGraphView::accessibleValue() const {
+    return mStretchDocument ? rangeOf(mStretchDocument->stretchDoubles()) : QString();
+}
+
+} // namespace veltrano

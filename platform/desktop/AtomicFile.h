@@ -10,9 +10,11 @@
 namespace veltrano {
 
 /// Replaces the file at @p path, or makes it. Whatever happens, the file on disk is the whole old
-/// or the whole new one; after success it is on the disk, not only on its way. The permissions of a
-/// file that was there are kept, and a symbolic link goes on pointing at its file.
-/// Thread: any.
+/// or the whole new one; after success it is on the disk, not only on its way. A file that was
+/// there keeps its permissions, and its owner, group and access control list where the user may
+/// give them away; where the group cannot be kept, its members get no more than everybody. A
+/// symbolic link goes on pointing at its file. What is no regular file, or is protected from being
+/// written, is refused. Thread: any.
 /// @param path whole, UTF-8
 /// @return nullopt: written; otherwise why not, without the path
 std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view bytes);

@@ -59,20 +59,16 @@ void Document::updateChangeCount(ChangeKind kind) {
     updateWindow();
 }
 
-/// A change while the count is negative: the steps that led back to the saved state are gone, and
-/// the count alone might reach 0 without it.
-void Document::loseSavedState() {
-    if (mChangeCount < 0) mIsSavedStateLost = true;
-}
-
 void Document::pushEdit(EditStep step) {
-    loseSavedState();
+    // The steps that led back to the saved state are dropped; the count would reach 0 without it.
+    if (mChangeCount < 0) mIsSavedStateLost = true;
     mHistory.push(std::move(step));
     updateChangeCount(ChangeKind::done);
 }
 
 void Document::markChanged() {
-    loseSavedState();
+    // Without a step to undo, count and steps part: at 0 the values are not those of the file.
+    mIsSavedStateLost = true;
     updateChangeCount(ChangeKind::done);
 }
 
@@ -92,7 +88,7 @@ bool Document::readFromFile(std::string_view path, std::string_view typeName) {
     const FileStamp stamp = FileStamp::of(file);
     const TextFile text = readTextFile(path);
     if (!text.bytes) {
-        mServices.log.line(text.error);
+        mServices.log.detail(text.error);
         return false;
     }
     if (!loadDataRepresentation(*text.bytes, typeName)) return false;
@@ -166,10 +162,14 @@ std::optional<std::string> Document::askForPath(std::string_view title) {
 }
 
 bool Document::saveToFile(const std::string& path, SaveOperation operation) {
+    // A copy onto the document's own file is no change by another program.
+    const bool isOwnFile = mFileStamp.exists && FileStamp::of(path) == mFileStamp;
     const bool isWritten = writeToFile(path, mFileType.name, mPath, operation);
+    if (isWritten && (operation != SaveOperation::saveTo || isOwnFile)) {
+        mFileStamp = FileStamp::of(path);
+    }
     if (isWritten && operation != SaveOperation::saveTo) {
         mPath = path;
-        mFileStamp = FileStamp::of(path);
         updateChangeCount(ChangeKind::cleared);
     }
     if (isWritten && mDidWrite) mDidWrite(path);

@@ -27,8 +27,9 @@ struct DocumentServices {
 /// Base of the documents. Thread: main. Owns: its window and its edit history.
 ///
 /// The change count is a signed counter: a change, a redo and a rejected paste count +1, an undo
-/// -1, a save sets it to 0. A document is edited when the count is not 0, or when the saved state
-/// can no longer be reached by undo and redo.
+/// -1, a save sets it to 0. A document is edited when the count is not 0, or when undo and redo
+/// cannot lead to a count of 0 that is the saved state: after a change at a negative count, and
+/// after a rejected paste. Saving and reverting end both.
 ///
 /// Saving is atomic: the file on disk is always the whole old or the whole new one.
 class Document {
@@ -111,7 +112,6 @@ private:
     bool mayReplaceFile();
     bool mayWriteWhatReadsBackOtherwise();
     std::optional<std::string> askForPath(std::string_view title);
-    void loseSavedState();
     bool reload();
     void updateWindow();
 

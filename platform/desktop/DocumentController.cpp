@@ -99,8 +99,8 @@ Document* DocumentController::openDocumentWithContentsOfFile(std::string_view pa
         return nullptr;
     }
     if (!kind->make) {
-        noteRecentPath(path);
         if (mImporter) mImporter(path);
+        noteOrForget(path);
         return nullptr;
     }
     if (mTakeReason) mTakeReason(); // what was logged before is no reason
@@ -110,15 +110,17 @@ Document* DocumentController::openDocumentWithContentsOfFile(std::string_view pa
         return nullptr;
     }
     Document* document = add(*kind, std::move(made));
-    if (!document) return nullptr;
+    if (!document) {
+        refuse(path, mTakeReason ? mTakeReason() : std::string());
+        return nullptr;
+    }
     noteRecentPath(path);
     document->showWindow();
     return document;
 }
 
 void DocumentController::refuse(std::string_view path, const std::string& reason) {
-    std::vector<std::string> recent = recentPaths();
-    if (std::erase(recent, path) > 0) keepRecentPaths(recent);
+    if (!FileStamp::of(std::string(path)).exists) forgetRecentPath(path);
     const std::string name = QFileInfo(fromUtf8(path)).fileName().toStdString();
     std::string message(path);
     if (!reason.empty()) message += "\n" + reason;
@@ -180,6 +182,19 @@ void DocumentController::noteRecentPath(std::string_view path) {
     paths.emplace(paths.begin(), path);
     if (paths.size() > kMostRecent) paths.resize(kMostRecent);
     keepRecentPaths(paths);
+}
+
+void DocumentController::forgetRecentPath(std::string_view path) {
+    std::vector<std::string> paths = recentPaths();
+    if (std::erase(paths, path) > 0) keepRecentPaths(paths);
+}
+
+void DocumentController::noteOrForget(std::string_view path) {
+    if (FileStamp::of(std::string(path)).exists) {
+        noteRecentPath(path);
+    } else {
+        forgetRecentPath(path);
+    }
 }
 
 void DocumentController::clearRecentPaths() { keepRecentPaths({}); }

@@ -68,6 +68,8 @@ private:
     std::string freeUntitledName() const;
     Document* add(const DocumentKind& kind, std::unique_ptr<Document> document);
     void refuse(std::string_view path, const std::string& reason);
+    void noteOrForget(std::string_view path);
+    void forgetRecentPath(std::string_view path);
     void keepRecentPaths(const std::vector<std::string>& paths);
 
     const DocumentServices mServices;

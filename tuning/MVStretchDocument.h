@@ -44,9 +44,10 @@ public:
     // Files
     bool readData(std::string_view bytes) override; ///< kept: may change values and then refuse
     std::string data() const override;
+    /// Whether reading @p bytes gives this document again, to the decimals of a file.
+    bool readsBack(std::string_view bytes) override;
 
 protected:
-    bool readsBack(std::string_view bytes) override;
     std::string_view pasteboardType() const override { return kStretchPasteboardType; }
     std::function<void()> valuesRestorer() override;
     void clearValues() override { mStretch.fill(0); }

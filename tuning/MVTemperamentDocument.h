@@ -50,11 +50,12 @@ public:
     bool readData(std::string_view bytes) override;
     bool readScalaScaleData(std::string_view bytes);
     std::string data() const override;
+    /// Whether reading @p bytes gives this document again, to the decimals of a file.
+    bool readsBack(std::string_view bytes) override;
     void exportTemperament(); ///< to a Scala file, with its panel
     bool loadDataRepresentation(std::string_view bytes, std::string_view typeName) override;
 
 protected:
-    bool readsBack(std::string_view bytes) override;
     std::string_view pasteboardType() const override { return kTemperamentPasteboardType; }
     std::function<void()> valuesRestorer() override;
     void clearValues() override { mTemperament.clearTemperament(); }

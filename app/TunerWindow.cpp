@@ -11,6 +11,7 @@
 #include "platform/desktop/AccessibleReadout.h"
 #include "platform/desktop/InterfaceFile.h"
 
+#include <QCloseEvent>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -94,6 +95,12 @@ void TunerWindow::setScale(double factor) {
     resize(QSize(static_cast<int>(std::lround(minimum.width * scale)),
                  static_cast<int>(std::lround(minimum.height * scale))) +
            chrome);
+}
+
+void TunerWindow::closeEvent(QCloseEvent* event) {
+    if (!mCloseRequest) return QMainWindow::closeEvent(event);
+    event->ignore();
+    mCloseRequest();
 }
 
 void TunerWindow::setText(TunerText field, std::string_view text) {

@@ -39,6 +39,8 @@ public:
 
     /// Makes the contents @p factor times as large as the interface file has them; not below 1.
     void setScale(double factor);
+    /// What closing the window asks for instead; the window itself stays.
+    void setCloseRequest(std::function<void()> ask) { mCloseRequest = std::move(ask); }
     void setNeighbours(Neighbours neighbours) { mNeighbours = std::move(neighbours); }
 
     ProportionalStage& stage() { return *mStage; }
@@ -60,6 +62,9 @@ public:
     void setScopeData(FrameRef frame) override;
     void setPianoNote(int key) override;
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     TunerWindow(std::unique_ptr<QWidget> contents, const TunerOutlets& outlets,
                 ImageLibrary& images, std::unique_ptr<OneShotTimer> settleTimer);
@@ -70,6 +75,7 @@ private:
     const TunerOutlets mOutlets;
     std::array<ImageRef, kLightImages> mLightImages; ///< by LightImage
     Neighbours mNeighbours;
+    std::function<void()> mCloseRequest; ///< empty: closing just closes
 };
 
 } // namespace veltrano

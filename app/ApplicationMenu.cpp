@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menu bar of a window.
+#include "app/ApplicationMenu.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <array>
+#include <utility>
+
+namespace veltrano {
+
+namespace {
+
+constexpr const char* kCommandProperty = "veltranoCommand";
+
+} // namespace
+
+/// One line of a menu. A null text is a separator.
+struct MenuItem {
+    const char* text;
+    MenuCommand command{};
+    QKeySequence keys{};
+};
+
+namespace {
+
+using Items = std::vector<MenuItem>;
+
+// The texts are taken by the translation tool from here.
+#define VELTRANO_MENU_TEXT(text) QT_TRANSLATE_NOOP("veltrano::ApplicationMenu", text)
+
+const Items& newAndOpenItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("New &Temperament"), MenuCommand::newTemperament, QKeySequence::New},
+        {VELTRANO_MENU_TEXT("New &Stretch"), MenuCommand::newStretch,
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
+        {VELTRANO_MENU_TEXT("&Open…"), MenuCommand::open, QKeySequence::Open}};
+    return items;
+}
+
+const Items& restOfFileItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("&Import…"), MenuCommand::importScala,
+         QKeySequence(Qt::CTRL | Qt::Key_I)},
+        {VELTRANO_MENU_TEXT("&Export…"), MenuCommand::exportScala,
+         QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("&Close"), MenuCommand::closeWindow, QKeySequence::Close},
+        {VELTRANO_MENU_TEXT("&Save"), MenuCommand::save, QKeySequence::Save},
+        {VELTRANO_MENU_TEXT("Save &As…"), MenuCommand::saveAs,
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+        {VELTRANO_MENU_TEXT("Save a Cop&y…"), MenuCommand::saveTo, {}},
+        {VELTRANO_MENU_TEXT("&Revert to Saved"), MenuCommand::revert, {}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Page Set&up…"), MenuCommand::pageSetup,
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+        {VELTRANO_MENU_TEXT("Print Pre&view…"), MenuCommand::printPreview, {}},
+        {VELTRANO_MENU_TEXT("&Print…"), MenuCommand::print, QKeySequence::Print},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("&Quit"), MenuCommand::quit, QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+    return items;
+}
+
+const Items& editItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("&Undo"), MenuCommand::undo, QKeySequence::Undo},
+        {VELTRANO_MENU_TEXT("&Redo"), MenuCommand::redo, QKeySequence::Redo},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Cu&t"), MenuCommand::cut, QKeySequence::Cut},
+        {VELTRANO_MENU_TEXT("&Copy"), MenuCommand::copy, QKeySequence::Copy},
+        {VELTRANO_MENU_TEXT("&Paste"), MenuCommand::paste, QKeySequence::Paste},
+        {VELTRANO_MENU_TEXT("&Delete"), MenuCommand::deleteAll, {}},
+        {VELTRANO_MENU_TEXT("Select &All"), MenuCommand::selectAll, QKeySequence::SelectAll}};
+    return items;
+}
+
+const Items& helpItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("Veltrano &Help"), MenuCommand::help, QKeySequence::HelpContents}};
+    return items;
+}
+
+/// Commands that a text field takes while something is typed into it.
+bool isForText(MenuCommand command) {
+    switch (command) {
+    case MenuCommand::cut:
+    case MenuCommand::copy:
+    case MenuCommand::paste:
+    case MenuCommand::deleteAll:
+    case MenuCommand::selectAll: return true;
+    default: return false;
+    }
+}
+
+QString fileNameOf(const std::string& path) {
+    return QFileInfo(QString::fromStdString(path)).fileName();
+}
+
+} // namespace
+
+ApplicationMenu::ApplicationMenu(QMainWindow& window, CommandChain chain, RecentFiles recent)
+    : QObject(&window), mChain(std::move(chain)), mRecent(std::move(recent)) {
+    addMenus(window);
+}
+
+void ApplicationMenu::addMenus(QMainWindow& window) {
+    const auto add = [this, &window](const QString& title) {
+        QMenu* menu = window.menuBar()->addMenu(title);
+        connect(menu, &QMenu::aboutToShow, this, [this, menu] { validate(*menu); });
+        connect(menu, &QMenu::aboutToHide, this, [this, menu] { release(*menu); });
+        return menu;
+    };
+    const auto fill = [this](QMenu& menu, const Items& items) {
+        for (const MenuItem& item : items)
+            addItem(menu, item);
+    };
+    QMenu* file = add(tr("&File"));
+    fill(*file, newAndOpenItems());
+    mRecentMenu = file->addMenu(tr("Open &Recent"));
+    connect(mRecentMenu, &QMenu::aboutToShow, this, [this] { fillRecent(); });
+    file->addSeparator();
+    fill(*file, restOfFileItems());
+    fill(*add(tr("&Edit")), editItems());
+    fill(*add(tr("&Help")), helpItems());
+}
+
+void ApplicationMenu::addItem(QMenu& menu, const MenuItem& item) {
+    if (!item.text) {
+        menu.addSeparator();
+        return;
+    }
+    QAction* action = menu.addAction(tr(item.text));
+    action->setShortcut(item.keys);
+    action->setProperty(kCommandProperty, static_cast<int>(item.command));
+    action->setData(action->text()); // the menu's own title
+    if (item.command == MenuCommand::quit) action->setMenuRole(QAction::QuitRole);
+    connect(action, &QAction::triggered, this,
+            [this, command = item.command] { perform(command); });
+}
+
+QAction* ApplicationMenu::action(MenuCommand command) const {
+    const auto* window = static_cast<const QMainWindow*>(parent());
+    for (QAction* action : window->menuWidget()->findChildren<QAction*>()) {
+        const QVariant its = action->property(kCommandProperty);
+        if (its.isValid() && its.toInt() == static_cast<int>(command)) return action;
+    }
+    return nullptr;
+}
+
+void ApplicationMenu::fillRecent() {
+    mRecentMenu->clear();
+    const std::vector<std::string> paths =
+        mRecent.paths ? mRecent.paths() : std::vector<std::string>{};
+    for (const std::string& path : paths) {
+        // A name may hold "&"; in a menu that would be a mnemonic.
+        QAction* action =
+            mRecentMenu->addAction(fileNameOf(path).replace(u'&', QStringLiteral("&&")));
+        action->setToolTip(QString::fromStdString(path));
+        connect(action, &QAction::triggered, this, [this, path] { mRecent.open(path); });
+    }
+    mRecentMenu->setToolTipsVisible(true);
+    if (!paths.empty()) mRecentMenu->addSeparator();
+    QAction* clear = mRecentMenu->addAction(tr("&Clear Menu"));
+    clear->setEnabled(!paths.empty());
+    connect(clear, &QAction::triggered, this, [this] { mRecent.clear(); });
+}
+
+void ApplicationMenu::validate(const QMenu& menu) {
+    for (QAction* action : menu.actions()) {
+        const QVariant its = action->property(kCommandProperty);
+        if (!its.isValid()) continue;
+        const auto command = static_cast<MenuCommand>(its.toInt());
+        const CommandHandler* handler = handlerOf(command, mChain);
+        const CommandState state =
+            handler ? *handler->commandState(command) : CommandState{.isEnabled = false};
+        action->setEnabled(state.isEnabled);
+        action->setCheckable(state.isChecked.has_value());
+        action->setChecked(state.isChecked.value_or(false));
+        action->setText(state.title.isEmpty() ? action->data().toString() : state.title);
+    }
+}
+
+/// The keys of an item work whenever its command does, not as the menu was seen last.
+void ApplicationMenu::release(const QMenu& menu) {
+    for (QAction* action : menu.actions())
+        action->setEnabled(true);
+}
+
+void ApplicationMenu::perform(MenuCommand command) {
+    if (!isForText(command)) endCellEditing();
+    CommandHandler* handler = handlerOf(command, mChain);
+    if (handler && handler->commandState(command)->isEnabled) {
+        handler->perform(command);
+    } else {
+        QApplication::beep();
+    }
+}
+
+} // namespace veltrano

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window of one document.
+#include "app/EditorWindow.h"
+
+#include <QCloseEvent>
+#include <utility>
+
+namespace veltrano {
+
+namespace {
+
+QString fromUtf8(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+EditorWindow::EditorWindow(Document& document, EditorContents contents, std::function<void()> close)
+    : mDocument(document), mContents(std::move(contents)), mClose(std::move(close)) {
+    QWidget* editor = mContents.editor.release(); // the window owns it from here
+    setCentralWidget(editor);
+    resize(editor->sizeHint().expandedTo(editor->minimumSizeHint()));
+    if (mContents.initialFocus) mContents.initialFocus->setFocus();
+    // The program ends with the tuner window.
+    setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+void EditorWindow::showWindow() {
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+}
+
+void EditorWindow::setTitle(std::string_view displayName, std::string_view path, bool isEdited) {
+    // The marker stands where the desktop's style shows that a document is edited.
+    setWindowTitle(fromUtf8(displayName) + QStringLiteral("[*]"));
+    setWindowFilePath(fromUtf8(path));
+    setWindowModified(isEdited);
+}
+
+std::optional<PrintInfo> EditorWindow::runPageSetup(const PrintInfo& current) {
+    return mPrinter.runPageSetup(current);
+}
+
+void EditorWindow::print(const PrintInfo& info, bool showsPanel) {
+    mPrinter.print(info, showsPanel, mDocument.displayName(), mContents.paintPage);
+}
+
+std::optional<CommandState> EditorWindow::commandState(MenuCommand command) const {
+    const auto titled = [](const QString& verb, const std::string& name, bool isEnabled) {
+        const QString title =
+            name.empty() ? verb : verb + u' ' + fromUtf8(name).replace(u'&', QStringLiteral("&&"));
+        return CommandState{isEnabled, std::nullopt, title};
+    };
+    const EditHistory& history = mDocument.history();
+    const bool isEdited = mDocument.isDocumentEdited();
+    const bool hasFile = !mDocument.path().empty();
+    switch (command) {
+    case MenuCommand::undo:
+        return titled(tr("&Undo"), history.undoName(), history.canUndo());
+    case MenuCommand::redo:
+        return titled(tr("&Redo"), history.redoName(), history.canRedo());
+    case MenuCommand::copy:
+    case MenuCommand::cut:
+    case MenuCommand::deleteAll:
+        return CommandState{};
+    case MenuCommand::paste:
+        return CommandState{mContents.commands.isPastable()};
+    case MenuCommand::revert:
+        return CommandState{isEdited && hasFile};
+    case MenuCommand::save:
+        return CommandState{isEdited || !hasFile};
+    case MenuCommand::exportScala:
+        if (!mContents.commands.exportScala) return std::nullopt;
+        return CommandState{};
+    case MenuCommand::closeWindow:
+    case MenuCommand::saveAs:
+    case MenuCommand::saveTo:
+    case MenuCommand::pageSetup:
+    case MenuCommand::printPreview:
+    case MenuCommand::print:
+        return CommandState{};
+    default:
+        return std::nullopt;
+    }
+}
+
+void EditorWindow::perform(MenuCommand command) {
+    if (!performEdit(command)) performFile(command);
+}
+
+bool EditorWindow::performEdit(MenuCommand command) {
+    switch (command) {
+    case MenuCommand::undo:
+        mDocument.undo();
+        return true;
+    case MenuCommand::redo:
+        mDocument.redo();
+        return true;
+    case MenuCommand::copy:
+        mContents.commands.copy();
+        return true;
+    case MenuCommand::cut:
+        mContents.commands.cut();
+        return true;
+    case MenuCommand::paste:
+        mContents.commands.paste();
+        return true;
+    case MenuCommand::deleteAll:
+        mContents.commands.deleteAll();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void EditorWindow::performFile(MenuCommand command) {
+    switch (command) {
+    case MenuCommand::closeWindow:
+        close();
+        break;
+    case MenuCommand::save:
+        mDocument.saveDocument();
+        break;
+    case MenuCommand::saveAs:
+        mDocument.saveDocumentAs();
+        break;
+    case MenuCommand::saveTo:
+        mDocument.saveDocumentTo();
+        break;
+    case MenuCommand::revert:
+        mDocument.revertDocumentToSaved();
+        break;
+    case MenuCommand::pageSetup:
+        mDocument.runPageSetup();
+        break;
+    case MenuCommand::printPreview:
+        mPrinter.preview(mDocument.printInfo(), mDocument.displayName(), mContents.paintPage);
+        break;
+    case MenuCommand::print:
+        mDocument.printShowingPrintPanel(true);
+        break;
+    case MenuCommand::exportScala:
+        mContents.commands.exportScala();
+        break;
+    default:
+        break;
+    }
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event) {
+    endCellEditing();
+    event->ignore();
+    mClose();
+}
+
+} // namespace veltrano

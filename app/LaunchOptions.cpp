@@ -3,6 +3,7 @@
 
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace veltrano {
@@ -23,6 +24,10 @@ void declare(QCommandLineParser& parser) {
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this help.")});
     parser.addOption(
         {{QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Shows the version.")});
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("Temperaments, stretch tables and Scala scales to "
+                                                "open."),
+                                 QStringLiteral("[FILE...]"));
     parser.addOption({kInput, QStringLiteral("Plays a recording as the input device of this run."),
                       QStringLiteral("RECORDING")});
     parser.addOption({kSnapshot,
@@ -42,6 +47,22 @@ Launch refused(const QString& reason) {
     launch.exitCode = kWrongUsage;
     launch.error = "veltrano: " + reason.toStdString() + ". See veltrano --help.";
     return launch;
+}
+
+/// An empty text when every argument is a document.
+QString readFiles(const QCommandLineParser& parser, LaunchOptions& options) {
+    const QStringList extensions{QStringLiteral("temperament"), QStringLiteral("stretch"),
+                                 QStringLiteral("scl")};
+    for (const QString& argument : parser.positionalArguments()) {
+        const QFileInfo file(argument);
+        if (!extensions.contains(file.suffix(), Qt::CaseInsensitive)) {
+            return QStringLiteral("unexpected argument \"%1\": documents end in .temperament, "
+                                  ".stretch or .scl, a recording goes with --input")
+                .arg(argument);
+        }
+        options.files.push_back(file.absoluteFilePath().toStdString());
+    }
+    return {};
 }
 
 /// An empty text when @p options took everything.
@@ -74,12 +95,10 @@ Launch readLaunch(const QStringList& arguments) {
     }
     if (!isParsed)
         return refused(parser.errorText().chopped(parser.errorText().endsWith(u'.') ? 1 : 0));
-    if (!parser.positionalArguments().isEmpty()) {
-        return refused(
-            QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().first()));
-    }
 
     LaunchOptions options;
+    if (const QString reason = readFiles(parser, options); !reason.isEmpty())
+        return refused(reason);
     if (parser.isSet(kInput)) options.input = QFile::encodeName(parser.value(kInput)).toStdString();
     if (parser.isSet(kSettings)) options.settingsFile = parser.value(kSettings);
     if (parser.isSet(kAppearance)) {

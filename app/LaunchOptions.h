@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace veltrano {
 
@@ -18,6 +19,7 @@ struct LaunchOptions {
     double snapshotSeconds = 0;         ///< [s] of the recording
     AppearanceChoice appearance = AppearanceChoice::system;
     std::optional<QString> settingsFile; ///< instead of the user's own
+    std::vector<std::string> files;      ///< documents to open, whole paths in UTF-8
 };
 
 /// Either options, or the exit code with which the program is done and what it says.

@@ -2,6 +2,7 @@
 // The command line of veltrano.
 #include "app/LaunchOptions.h"
 
+#include <QDir>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -31,10 +32,21 @@ TEST(LaunchOptions, EverythingGiven) {
     EXPECT_EQ(full.options->settingsFile, "my.ini");
 }
 
+TEST(LaunchOptions, DocumentsAreWholePaths) {
+    const Launch opened =
+        launch({"a.temperament", "/b/C.STRETCH", "--appearance", "dark", "d.scl"});
+    ASSERT_TRUE(opened.options) << opened.error;
+    const std::string here = QDir::currentPath().toStdString();
+    EXPECT_EQ(opened.options->files,
+              (std::vector<std::string>{here + "/a.temperament", "/b/C.STRETCH", here + "/d.scl"}));
+}
+
 TEST(LaunchOptions, WrongUsageIsOneLineAndExitCodeTwo) {
     const QStringList cases[] = {
         {"--loud"},
         {"file.txt"},
+        {"a.temperament", "recording.wav"},
+        {"temperament"},
         {"--input"},
         {"--appearance", "blue"},
         {"--at", "3"},

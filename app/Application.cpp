@@ -40,9 +40,18 @@ UserDefaults Application::defaultsFor(const LaunchOptions& options) {
     return UserDefaults();
 }
 
+LibrariesInUse Application::librariesFor(const LaunchOptions& options) {
+    if (options.snapshotDir && !options.settingsFile) return {};
+    return LibrariesInUse::locate(mResources, mLog, mPanels);
+}
+
 Application::Application(const LaunchOptions& options)
-    : mOptions(options), mDefaults(defaultsFor(options)), mPreferences({mDefaults, mNotifications}),
-      mImages(mResources.images(), mLog) {
+    : mOptions(options), mDefaults(defaultsFor(options)), mLibraries(librariesFor(options)),
+      mPreferences(
+          {mDefaults, mNotifications, mLibraries.temperaments.get(), mLibraries.stretches.get()}),
+      mImages(mResources.images(), mLog),
+      mDocuments({mResources, mDefaults, mNotifications, mPreferences, mLibraries, mPanels, mLog}) {
+    mDocuments.setApplication(this);
     std::vector<CombinedHardware::Part> parts;
     if (!mOptions.snapshotDir) {
         mPulse = std::make_unique<PulseHardware>(mLog, PulseHardware::Options{});
@@ -64,6 +73,7 @@ int Application::run() {
         *mHardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog);
     mWindow = TunerWindow::create(mResources, mImages, mLog);
     if (!mWindow) return kRefused; // the log has said why
+    mDocuments.furnish(*mWindow, nullptr);
     makeController();
     mController->awakeFromNib();
     return mOptions.snapshotDir ? writeSnapshot() : runWindow();
@@ -112,6 +122,8 @@ int Application::runWindow() {
         mFrameWatch->writeReadings(writeToStandardOutput);
         mRecording->startRealTime();
     }
+    mWindow->setCloseRequest([this] { quitLater(); });
+    mDocuments.openFiles(mOptions.files);
     const int exitCode = QApplication::exec();
     QObject::disconnect(visibility);
     if (mRecording) {
@@ -134,15 +146,19 @@ int Application::writeSnapshot() {
         mController->serveFrames();
     }
     if (picture.isNull()) picture = drawingPass(*mWindow); // not one frame was full yet
-    return writePicture(picture);
-}
-
-int Application::writePicture(const QImage& picture) {
-    const QDir folder(*mOptions.snapshotDir);
-    if (!folder.mkpath(QStringLiteral("."))) {
+    if (!QDir(*mOptions.snapshotDir).mkpath(QStringLiteral("."))) {
         return refused("cannot make the folder " + mOptions.snapshotDir->toStdString());
     }
-    const QString path = folder.filePath(QStringLiteral("tuner.png"));
+    int exitCode = writePicture(picture, QStringLiteral("tuner"));
+    for (EditorWindow* window : mDocuments.windows()) {
+        const QString name = QFileInfo(window->windowFilePath()).completeBaseName();
+        if (exitCode == kDone) exitCode = writePicture(drawingPass(*window), name);
+    }
+    return exitCode;
+}
+
+int Application::writePicture(const QImage& picture, const QString& name) {
+    const QString path = QDir(*mOptions.snapshotDir).filePath(name + QStringLiteral(".png"));
     if (!picture.save(path)) return refused("cannot write " + path.toStdString());
     return kDone;
 }
@@ -169,8 +185,32 @@ void Application::showTunerWindow() {
 void Application::showHelp() {
     if (!mHelp) mHelp = std::make_unique<HelpPanel>(mResources, mLog);
     mHelp->showHelpPanel();
-    // The program ends with the tuner window, whether help is open or not.
-    if (QWidget* window = mHelp->window()) window->setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+std::optional<CommandState> Application::commandState(MenuCommand command) const {
+    switch (command) {
+    case MenuCommand::help:
+    case MenuCommand::quit:
+    case MenuCommand::closeWindow:
+        return CommandState{}; // the tuner window's: it quits
+    default:
+        return std::nullopt;
+    }
+}
+
+void Application::perform(MenuCommand command) {
+    if (command == MenuCommand::help) {
+        showHelp();
+    } else {
+        quitLater();
+    }
+}
+
+/// Whoever asks may be a window that is closed on the way, so it is done from the event loop.
+void Application::quitLater() {
+    mMainThread.post([this] {
+        if (mDocuments.mayQuit()) QCoreApplication::exit(kDone);
+    });
 }
 
 } // namespace veltrano

@@ -2,8 +2,10 @@
 // Puts the program together and owns its parts.
 #pragma once
 
+#include "app/DocumentDesk.h"
 #include "app/FrameWatch.h"
 #include "app/LaunchOptions.h"
+#include "app/LibrariesInUse.h"
 #include "app/RecordingClock.h"
 #include "app/TunerWindow.h"
 #include "audio/AUUnitRegistry.h"
@@ -15,6 +17,7 @@
 #include "platform/audio/RecordingDevice.h"
 #include "platform/audio/VirtualHardware.h"
 #include "platform/desktop/ImageLibrary.h"
+#include "platform/desktop/QtDocumentPanels.h"
 #include "platform/desktop/ResourceFolder.h"
 #include "platform/foundation/MainThread.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -30,7 +33,7 @@ namespace veltrano {
 
 /// The composition root: the parts stand in the order of their use, destruction runs backwards.
 /// Thread: main, with a QApplication.
-class Application final : private ApplicationWindows {
+class Application final : private ApplicationWindows, private CommandHandler {
 public:
     explicit Application(const LaunchOptions& options);
     ~Application();
@@ -46,14 +49,19 @@ private:
     std::string nameOfRecording() const; ///< of its device entry
     int runWindow();
     int writeSnapshot();
-    int writePicture(const QImage& picture);
+    int writePicture(const QImage& picture, const QString& name);
     static UserDefaults defaultsFor(const LaunchOptions& options);
+    LibrariesInUse librariesFor(const LaunchOptions& options);
+    void quitLater();
 
     void followVisibility(QWindow::Visibility visibility);
 
     void centerWindows() override;
     void showTunerWindow() override;
     void showHelp() override;
+
+    std::optional<CommandState> commandState(MenuCommand command) const override;
+    void perform(MenuCommand command) override;
 
     const LaunchOptions mOptions;
     StandardErrorLog mLog;
@@ -66,11 +74,14 @@ private:
     UserDefaults mDefaults;
     NotificationCenter mNotifications;
     MainThread mMainThread;
+    const ResourceFolder mResources = ResourceFolder::find();
+    QtDocumentPanels mPanels{mDefaults};
+    const LibrariesInUse mLibraries;
     Preferences mPreferences;
     std::unique_ptr<AUUnitRegistry> mRegistry;
-    const ResourceFolder mResources = ResourceFolder::find();
     ImageLibrary mImages;
     std::unique_ptr<TunerWindow> mWindow;
+    DocumentDesk mDocuments;
     std::unique_ptr<HelpPanel> mHelp;
     std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
     std::unique_ptr<Controller> mController;

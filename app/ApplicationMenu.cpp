@@ -33,8 +33,8 @@ using Items = std::vector<MenuItem>;
 
 const Items& newAndOpenItems() {
     static const Items items{
-        {VELTRANO_MENU_TEXT("New &Temperament"), MenuCommand::newTemperament, QKeySequence::New},
-        {VELTRANO_MENU_TEXT("New &Stretch"), MenuCommand::newStretch,
+        {VELTRANO_MENU_TEXT("&New Temperament"), MenuCommand::newTemperament, QKeySequence::New},
+        {VELTRANO_MENU_TEXT("New Stretc&h"), MenuCommand::newStretch,
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
         {VELTRANO_MENU_TEXT("&Open…"), MenuCommand::open, QKeySequence::Open}};
     return items;
@@ -52,7 +52,7 @@ const Items& restOfFileItems() {
         {VELTRANO_MENU_TEXT("Save &As…"), MenuCommand::saveAs,
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
         {VELTRANO_MENU_TEXT("Save a Cop&y…"), MenuCommand::saveTo, {}},
-        {VELTRANO_MENU_TEXT("&Revert to Saved"), MenuCommand::revert, {}},
+        {VELTRANO_MENU_TEXT("Revert to Save&d"), MenuCommand::revert, {}},
         {nullptr},
         {VELTRANO_MENU_TEXT("Page Set&up…"), MenuCommand::pageSetup,
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
@@ -89,8 +89,10 @@ bool isForText(MenuCommand command) {
     case MenuCommand::copy:
     case MenuCommand::paste:
     case MenuCommand::deleteAll:
-    case MenuCommand::selectAll: return true;
-    default: return false;
+    case MenuCommand::selectAll:
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -118,7 +120,7 @@ void ApplicationMenu::addMenus(QMainWindow& window) {
     };
     QMenu* file = add(tr("&File"));
     fill(*file, newAndOpenItems());
-    mRecentMenu = file->addMenu(tr("Open &Recent"));
+    mRecentMenu = file->addMenu(tr("Open Recen&t"));
     connect(mRecentMenu, &QMenu::aboutToShow, this, [this] { fillRecent(); });
     file->addSeparator();
     fill(*file, restOfFileItems());

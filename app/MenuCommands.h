@@ -56,7 +56,8 @@ using CommandChain = std::vector<CommandHandler*>;
 /// The first handler of @p chain that answers @p command; null: none.
 CommandHandler* handlerOf(MenuCommand command, const CommandChain& chain);
 
-/// Ends what is being typed into a cell of a table: the cell takes it over, the table gets the focus.
+/// Ends what is being typed into a cell of a table: the cell takes it over, the table gets the
+/// focus.
 void endCellEditing();
 
 /// Edit commands for whatever text field has the focus: a cell's editor, a name.

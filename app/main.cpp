@@ -36,6 +36,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName(QStringLiteral("Veltrano"));
     QApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
     Appearance::choose(launch.options->appearance);
-    const TerminationSignals signalsQuit([] { QApplication::quit(); });
+    // The application says itself when it ends: with the tuner window, after the documents.
+    QApplication::setQuitOnLastWindowClosed(false);
+    const TerminationSignals signalsQuit([] { QCoreApplication::exit(0); });
     return Application(*launch.options).run();
 }

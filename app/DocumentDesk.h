@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The documents of the application: their kinds, their windows and the commands that open them.
+#pragma once
+
+#include "app/ApplicationMenu.h"
+#include "app/EditorWindow.h"
+#include "app/LibrariesInUse.h"
+#include "app/MenuCommands.h"
+#include "platform/desktop/DocumentController.h"
+#include "platform/desktop/QtPasteboard.h"
+#include "platform/desktop/ResourceFolder.h"
+
+#include <QObject>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veltrano {
+
+class NotificationCenter;
+class Preferences;
+class UserDefaults;
+
+/// Thread: main. Owns: the documents and through them their windows.
+class DocumentDesk final : public QObject, public CommandHandler {
+public:
+    /// None of it is owned, all of it outlives the desk.
+    struct Ports {
+        const ResourceFolder& resources;
+        UserDefaults& defaults;
+        NotificationCenter& notifications;
+        const Preferences& preferences;
+        const LibrariesInUse& libraries;
+        DocumentPanels& panels;
+        Log& log;
+    };
+
+    explicit DocumentDesk(const Ports& ports);
+    ~DocumentDesk() override;
+
+    /// What answers a command of a document window after the window and the desk themselves.
+    void setApplication(CommandHandler* application) { mApplication = application; }
+    /// Gives a window its menu bar and lets files be dropped on it.
+    /// @param own answers first; null: the window has no commands of its own
+    void furnish(QMainWindow& window, CommandHandler* own);
+
+    void openFiles(const std::vector<std::string>& paths);
+    /// Asks for every edited document. False: the user refused, or a save failed.
+    bool mayQuit();
+    /// The windows of the open documents, oldest first.
+    std::vector<EditorWindow*> windows() const;
+
+    std::optional<CommandState> commandState(MenuCommand command) const override;
+    void perform(MenuCommand command) override;
+
+private:
+    void addTemperaments();
+    void addStretches();
+    void addScalaScales();
+    std::unique_ptr<DocumentWindow> windowOf(Document& document, EditorContents contents);
+    void importScala(const std::vector<std::string>& paths);
+    void closeLater(Document& document);
+
+    const Ports mPorts;
+    QtPasteboard mPasteboard;
+    CommandHandler* mApplication = nullptr;
+    FocusedTextHandler mFocusedText;
+    DocumentController mDocuments;
+};
+
+} // namespace veltrano

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <algorithm>
 #include <cstdio>
 
@@ -42,7 +43,7 @@ UserDefaults Application::defaultsFor(const LaunchOptions& options) {
 
 LibrariesInUse Application::librariesFor(const LaunchOptions& options) {
     if (options.snapshotDir && !options.settingsFile) return {};
-    return LibrariesInUse::locate(mResources, mLog, mPanels);
+    return LibrariesInUse::locate(mLog, mPanels);
 }
 
 Application::Application(const LaunchOptions& options)

@@ -35,7 +35,7 @@ EditorContents contentsOf(const ResourceFolder& resources, AnyDocument& document
 } // namespace
 
 DocumentDesk::DocumentDesk(const Ports& ports)
-    : mPorts(ports), mDocuments({ports.log, mPasteboard, ports.panels}, ports.defaults) {
+    : mPorts(ports), mDocuments(services(), ports.defaults, [this] { return mLog.take(); }) {
     addTemperaments();
     addStretches();
     addScalaScales();
@@ -47,15 +47,12 @@ void DocumentDesk::addTemperaments() {
     const FileType type{std::string(kTemperamentTypeName), "temperament"};
     const auto make = [this] {
         return std::make_unique<MVTemperamentDocument>(
-            MVTemperamentDocument::Ports{{mPorts.log, mPasteboard, mPorts.panels},
-                                         mPorts.notifications,
-                                         mPorts.preferences,
+            MVTemperamentDocument::Ports{services(), mPorts.notifications, mPorts.preferences,
                                          mPorts.libraries.temperaments.get()});
     };
     const auto makeWindow = [this](Document& any) {
         auto& document = static_cast<MVTemperamentDocument&>(any);
-        EditorContents contents =
-            contentsOf<TemperamentEditor>(mPorts.resources, document, mPorts.log);
+        EditorContents contents = contentsOf<TemperamentEditor>(mPorts.resources, document, mLog);
         contents.commands.exportScala = [&document] { document.exportTemperament(); };
         return windowOf(document, std::move(contents));
     };
@@ -65,15 +62,12 @@ void DocumentDesk::addTemperaments() {
 void DocumentDesk::addStretches() {
     const FileType type{std::string(kStretchTypeName), "stretch"};
     const auto make = [this] {
-        return std::make_unique<MVStretchDocument>(
-            MVStretchDocument::Ports{{mPorts.log, mPasteboard, mPorts.panels},
-                                     mPorts.notifications,
-                                     mPorts.libraries.stretches.get()});
+        return std::make_unique<MVStretchDocument>(MVStretchDocument::Ports{
+            services(), mPorts.notifications, mPorts.libraries.stretches.get()});
     };
     const auto makeWindow = [this](Document& any) {
         auto& document = static_cast<MVStretchDocument&>(any);
-        return windowOf(document,
-                        contentsOf<StretchEditor>(mPorts.resources, document, mPorts.log));
+        return windowOf(document, contentsOf<StretchEditor>(mPorts.resources, document, mLog));
     };
     mDocuments.addKind({type, type.name, make, makeWindow});
 }
@@ -81,7 +75,8 @@ void DocumentDesk::addStretches() {
 void DocumentDesk::addScalaScales() {
     mDocuments.addKind(
         {{std::string(kScalaTypeName), "scl"}, std::string(kTemperamentTypeName), {}, {}});
-    mDocuments.setImporter([this](std::string_view path) { importScala({std::string(path)}); });
+    mDocuments.setImporter(
+        [this](std::string_view path) { ScalaImport(mDocuments, mPorts.panels).importFile(path); });
 }
 
 std::unique_ptr<DocumentWindow> DocumentDesk::windowOf(Document& document,
@@ -164,10 +159,6 @@ void DocumentDesk::perform(MenuCommand command) {
     default:
         break;
     }
-}
-
-void DocumentDesk::importScala(const std::vector<std::string>& paths) {
-    ScalaImport(mDocuments, mPorts.panels).importFiles(paths);
 }
 
 } // namespace veltrano

@@ -9,6 +9,7 @@
 #include "platform/desktop/DocumentController.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/ResourceFolder.h"
+#include "platform/foundation/RememberingLog.h"
 
 #include <QObject>
 #include <memory>
@@ -58,10 +59,12 @@ private:
     void addStretches();
     void addScalaScales();
     std::unique_ptr<DocumentWindow> windowOf(Document& document, EditorContents contents);
-    void importScala(const std::vector<std::string>& paths);
     void closeLater(Document& document);
 
+    DocumentServices services() { return {mLog, mPasteboard, mPorts.panels}; }
+
     const Ports mPorts;
+    RememberingLog mLog{mPorts.log};
     QtPasteboard mPasteboard;
     CommandHandler* mApplication = nullptr;
     FocusedTextHandler mFocusedText;

@@ -4,19 +4,10 @@
 
 #include "tuning/LibraryFolder.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QStandardPaths>
-
 namespace veltrano {
 
-LibrariesInUse LibrariesInUse::locate(const ResourceFolder& shipped, Log& log,
-                                      DocumentPanels& panels) {
-    const LibraryPlaces places{
-        QCoreApplication::applicationDirPath(),
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-            QStringLiteral("/veltrano"),
-        shipped.path(), QDir::homePath()};
+LibrariesInUse LibrariesInUse::locate(Log& log, DocumentPanels& panels) {
+    const LibraryPlaces places = LibraryPlaces::find();
     const auto folder = [&](const LibraryFolderKind& kind) {
         return locateLibraryFolder(kind, places, log, &panels);
     };

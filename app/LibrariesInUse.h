@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/desktop/DocumentPorts.h"
-#include "platform/desktop/ResourceFolder.h"
 #include "platform/foundation/Log.h"
 #include "tuning/MVStretchLibrary.h"
 #include "tuning/MVTemperamentLibrary.h"
@@ -19,7 +18,7 @@ struct LibrariesInUse {
 
     /// Beside the executable when they are there, otherwise in the user's data folder, filled at
     /// the first use; asks for a folder when that fails. Thread: main, with a QApplication.
-    static LibrariesInUse locate(const ResourceFolder& shipped, Log& log, DocumentPanels& panels);
+    static LibrariesInUse locate(Log& log, DocumentPanels& panels);
 };
 
 } // namespace veltrano

@@ -2,6 +2,8 @@
 #include "app/Application.h"
 
 #include "platform/desktop/DrawingPass.h"
+#include "platform/desktop/QtDocumentPanels.h"
+#include "platform/desktop/UnattendedPanels.h"
 #include "platform/desktop/WindowPlacement.h"
 
 #include <QApplication>
@@ -41,17 +43,24 @@ UserDefaults Application::defaultsFor(const LaunchOptions& options) {
     return UserDefaults();
 }
 
+/// Nobody sits in front of a picture that is being made.
+std::unique_ptr<DocumentPanels> Application::panelsFor(const LaunchOptions& options) {
+    if (!options.snapshotDir) return std::make_unique<QtDocumentPanels>(mDefaults);
+    return std::make_unique<UnattendedPanels>([this](std::string_view line) { mLog.line(line); });
+}
+
 LibrariesInUse Application::librariesFor(const LaunchOptions& options) {
     if (options.snapshotDir && !options.settingsFile) return {};
-    return LibrariesInUse::locate(mLog, mPanels);
+    return LibrariesInUse::locate(mLog, *mPanels);
 }
 
 Application::Application(const LaunchOptions& options)
-    : mOptions(options), mDefaults(defaultsFor(options)), mLibraries(librariesFor(options)),
+    : mOptions(options), mDefaults(defaultsFor(options)), mPanels(panelsFor(options)),
+      mLibraries(librariesFor(options)),
       mPreferences(
           {mDefaults, mNotifications, mLibraries.temperaments.get(), mLibraries.stretches.get()}),
-      mImages(mResources.images(), mLog),
-      mDocuments({mResources, mDefaults, mNotifications, mPreferences, mLibraries, mPanels, mLog}) {
+      mImages(mResources.images(), mLog), mDocuments({mResources, mDefaults, mNotifications,
+                                                      mPreferences, mLibraries, *mPanels, mLog}) {
     mDocuments.setApplication(this);
     std::vector<CombinedHardware::Part> parts;
     if (!mOptions.snapshotDir) {
@@ -136,6 +145,7 @@ int Application::runWindow() {
 }
 
 int Application::writeSnapshot() {
+    mDocuments.openFiles(mOptions.files);
     // The window stays hidden: each frame gets exactly one drawing pass, the event loop adds none.
     QImage picture;
     mFrameWatch->onFrame([this, &picture](double seconds) {

@@ -16,8 +16,8 @@
 #include "platform/audio/Recording.h"
 #include "platform/audio/RecordingDevice.h"
 #include "platform/audio/VirtualHardware.h"
+#include "platform/desktop/DocumentPorts.h"
 #include "platform/desktop/ImageLibrary.h"
-#include "platform/desktop/QtDocumentPanels.h"
 #include "platform/desktop/ResourceFolder.h"
 #include "platform/foundation/MainThread.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -51,6 +51,7 @@ private:
     int writeSnapshot();
     int writePicture(const QImage& picture, const QString& name);
     static UserDefaults defaultsFor(const LaunchOptions& options);
+    std::unique_ptr<DocumentPanels> panelsFor(const LaunchOptions& options);
     LibrariesInUse librariesFor(const LaunchOptions& options);
     void quitLater();
 
@@ -75,7 +76,7 @@ private:
     NotificationCenter mNotifications;
     MainThread mMainThread;
     const ResourceFolder mResources = ResourceFolder::find();
-    QtDocumentPanels mPanels{mDefaults};
+    const std::unique_ptr<DocumentPanels> mPanels;
     const LibrariesInUse mLibraries;
     Preferences mPreferences;
     std::unique_ptr<AUUnitRegistry> mRegistry;

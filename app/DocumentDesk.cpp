@@ -75,8 +75,9 @@ void DocumentDesk::addStretches() {
 void DocumentDesk::addScalaScales() {
     mDocuments.addKind(
         {{std::string(kScalaTypeName), "scl"}, std::string(kTemperamentTypeName), {}, {}});
-    mDocuments.setImporter(
-        [this](std::string_view path) { ScalaImport(mDocuments, mPorts.panels).importFile(path); });
+    mDocuments.setImporter([this](std::string_view path) {
+        ScalaImport(mDocuments, mPorts.panels).importFile(path);
+    });
 }
 
 std::unique_ptr<DocumentWindow> DocumentDesk::windowOf(Document& document,
@@ -154,7 +155,7 @@ void DocumentDesk::perform(MenuCommand command) {
         mDocuments.openDocument();
         break;
     case MenuCommand::importScala:
-        ScalaImport(mDocuments, mPorts.panels).importTemperament();
+        ScalaImport(mDocuments, mPorts.panels).run();
         break;
     default:
         break;

@@ -18,8 +18,9 @@ QString fromUtf8(std::string_view text) {
 EditorWindow::EditorWindow(Document& document, EditorContents contents, std::function<void()> close)
     : mDocument(document), mContents(std::move(contents)), mClose(std::move(close)) {
     QWidget* editor = mContents.editor.release(); // the window owns it from here
+    const QSize size = editor->size();            // as its interface file has it
     setCentralWidget(editor);
-    resize(editor->sizeHint().expandedTo(editor->minimumSizeHint()));
+    resize(size.expandedTo(sizeHint()));
     if (mContents.initialFocus) mContents.initialFocus->setFocus();
     // The program ends with the tuner window.
     setAttribute(Qt::WA_QuitOnClose, false);

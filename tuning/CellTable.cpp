@@ -13,6 +13,9 @@ namespace veltrano {
 
 namespace {
 
+constexpr int kColumnPadding = 4;
+constexpr int kRowPadding = 5;
+
 /// Which keys end an edit and go on; nullopt: another key.
 std::optional<CellTable::Ending> endingOf(const QKeyEvent& key) {
     switch (key.key()) {
@@ -170,15 +173,37 @@ void CellTable::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
-QSize CellTable::viewportSizeHint() const { return QTableView::viewportSizeHint(); }
-
-QSize CellTable::sizeHint() const {
-    const int row = fontMetrics().height() + 6;
-    const int rows = model() ? model()->rowCount() : 12;
-    const int frame = 2 * frameWidth();
-    return {QTableView::sizeHint().width(),
-            rows * row + horizontalHeader()->sizeHint().height() + frame};
+void CellTable::setModel(QAbstractItemModel* model) {
+    QTableView::setModel(model);
+    fitSections();
+    connect(model, &QAbstractItemModel::dataChanged, this, [this] { fitSections(); });
 }
+
+void CellTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitSections();
+}
+
+/// Columns share the width equally, and none is narrower than the widest text.
+void CellTable::fitSections() {
+    if (!model()) return;
+    int widest = 0;
+    for (int column = 0; column < model()->columnCount(); ++column)
+        widest = std::max(widest, sizeHintForColumn(column));
+    horizontalHeader()->setMinimumSectionSize(widest + kColumnPadding);
+    verticalHeader()->setMinimumSectionSize(fontMetrics().height() + kRowPadding);
+    updateGeometry();
+}
+
+QSize CellTable::minimumSizeHint() const {
+    if (!model()) return QTableView::minimumSizeHint();
+    const int frame = 2 * frameWidth();
+    return {model()->columnCount() * horizontalHeader()->minimumSectionSize() + frame,
+            model()->rowCount() * verticalHeader()->minimumSectionSize() +
+                horizontalHeader()->sizeHint().height() + frame};
+}
+
+QSize CellTable::sizeHint() const { return minimumSizeHint(); }
 
 std::optional<CellPosition> TemperamentTableView::nextCell(CellPosition at, bool isUp) const {
     const int rows = model()->rowCount();

@@ -49,6 +49,9 @@ class CellTable : public QTableView {
 public:
     explicit CellTable(QWidget* parent = nullptr);
 
+    /// Every column has room for what its cells hold now.
+    void setModel(QAbstractItemModel* model) override;
+
     /// Ends the edit of @p at with its text taken over, and goes on. For the editing delegate.
     enum class Ending { goOn, goBack, nextCell, previousCell };
     void didEndEditing(const QModelIndex& at, Ending ending);
@@ -59,10 +62,12 @@ protected:
     bool mayEdit(CellPosition cell) const;
 
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
     QSize sizeHint() const override;
-    QSize viewportSizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 private:
+    void fitSections();
     std::optional<CellPosition> neighbour(CellPosition at, int step) const;
 };
 

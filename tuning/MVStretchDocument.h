@@ -27,7 +27,7 @@ public:
     ~MVStretchDocument() override;
 
     // EditedStretch
-    std::string fileName() const override { return path(); }
+    std::string fileName() const override { return folder_library::cleanPath(path()); }
     StretchTable stretch() const override { return mStretch; }
 
     const StretchTable& stretchDoubles() const { return mStretch; } ///< [cents] by key number

@@ -2,6 +2,7 @@
 #include "tuning/MVTemperamentDocument.h"
 
 #include "platform/desktop/AtomicFile.h"
+#include "platform/desktop/TextFile.h"
 #include "platform/foundation/NotificationNames.h"
 #include "tuning/ScalaScaleData.h"
 
@@ -86,6 +87,17 @@ bool MVTemperamentDocument::readScalaScaleData(std::string_view bytes) {
     if (!scale.parseData(bytes)) return false;
     if (!mTemperament.setScalaRatios(scale.scaleData(), services().log)) return false;
     setDescriptionString(scale.description());
+    return true;
+}
+
+bool MVTemperamentDocument::importScalaFile(std::string_view path) {
+    const TextFile file = readTextFile(path);
+    if (!file.bytes) {
+        services().log.detail(file.error);
+        return false;
+    }
+    if (!loadDataRepresentation(*file.bytes, kScalaTypeName)) return false;
+    setName(folder_library::fileName(path));
     return true;
 }
 

@@ -33,7 +33,7 @@ public:
     ~MVTemperamentDocument() override;
 
     // EditedTemperament
-    std::string fileName() const override { return path(); }
+    std::string fileName() const override { return folder_library::cleanPath(path()); }
     CentTable temperamentCents() const override { return mTemperament.cents(); }
 
     const Temperament& values() const { return mTemperament; }
@@ -49,6 +49,9 @@ public:
     // Files
     bool readData(std::string_view bytes) override;
     bool readScalaScaleData(std::string_view bytes);
+    /// Reads a Scala file and takes its name; the file does not become the document's. False:
+    /// refused. @param path whole
+    bool importScalaFile(std::string_view path);
     std::string data() const override;
     /// Whether reading @p bytes gives this document again, to the decimals of a file.
     bool readsBack(std::string_view bytes) override;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tuning/ScalaImport.h"
 
-#include "platform/desktop/TextFile.h"
-#include "tuning/FolderLibrary.h"
 #include "tuning/MVTemperamentDocument.h"
 
 namespace veltrano {
@@ -22,9 +20,7 @@ bool ScalaImport::importFile(std::string_view path) {
     Document* made = mController.openUntitledDocumentOfType(kTemperamentTypeName, false);
     if (!made) return false; // the controller has said why
     auto* document = dynamic_cast<MVTemperamentDocument*>(made);
-    const TextFile file = readTextFile(path);
-    if (document && file.bytes && document->loadDataRepresentation(*file.bytes, kScalaTypeName)) {
-        document->setName(folder_library::fileName(path));
+    if (document && document->importScalaFile(path)) {
         document->showWindow();
         return true;
     }

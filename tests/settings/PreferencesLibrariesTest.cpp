@@ -127,6 +127,17 @@ TEST_F(PreferencesLibrariesTest, EditsOfTheSelectedFileAreHeardBeforeTheyAreSave
     EXPECT_EQ(offset(57), 1.5) << "what was discarded is not heard on";
 }
 
+TEST_F(PreferencesLibrariesTest, NeedlessSlashesMakeNoOtherFile) {
+    preferences->setTuningForFileName("old.temperament");
+    preferences->setStretchForFileName("old.stretch");
+    ASSERT_TRUE(temperament->readFromFile(path("T//old.temperament"), kTemperamentTypeName));
+    ASSERT_TRUE(stretch.readFromFile(path("./S/old.stretch"), kStretchTypeName));
+    temperament->setCell(Column::cent, 4, "-6");
+    stretch.setCell(9, 4, "7");
+    EXPECT_EQ(cent(4), -6);
+    EXPECT_EQ(offset(57), 7);
+}
+
 TEST_F(PreferencesLibrariesTest, UntitledDocumentIsNotTheFileThatIsGone) {
     preferences->setTuningForFileName("old.temperament");
     preferences->setStretchForFileName("old.stretch");

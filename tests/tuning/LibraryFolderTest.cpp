@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Where the library folders are, and how the user's own are made.
 #include "tuning/LibraryFolder.h"
+#include "platform/desktop/ResourceFolder.h"
 #include "tests/tuning/TuningTestBase.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QString>
 #include <csignal>
 #include <random>
@@ -105,6 +108,18 @@ TEST_F(LibraryFolderTest, FileInThePlaceOfTheFolderIsLeftAlone) {
     EXPECT_EQ(panels.folderPanels.size(), 1u);
     EXPECT_EQ(contents("data/veltrano/Temperaments"), "mine");
     EXPECT_EQ(std::distance(fs::directory_iterator(path("data/veltrano")), {}), 1);
+}
+
+TEST_F(LibraryFolderTest, PlacesOfTheRunningProgram) {
+    char name[] = "test";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    const QCoreApplication application(count, arguments);
+    const LibraryPlaces found = LibraryPlaces::find();
+    EXPECT_EQ(found.besideExecutable, QCoreApplication::applicationDirPath());
+    EXPECT_TRUE(found.userData.endsWith(QStringLiteral("/veltrano"))) << qPrintable(found.userData);
+    EXPECT_EQ(found.shipped, ResourceFolder::find().path());
+    EXPECT_EQ(found.home, QDir::homePath());
 }
 
 /// A child process fills the folder and is ended on the way; then nothing or everything is there.

@@ -103,8 +103,13 @@ TEST_F(ScalaImportTest, FailedImportAlertsAndLeavesNoDocument) {
 }
 
 TEST_F(ScalaImportTest, UnreadableFileIsAFailedImport) {
+    const std::string huge = write("huge.scl", "");
+    std::filesystem::resize_file(huge, kMaxTextFileBytes + 1);
     EXPECT_FALSE(import.importFile(path("nowhere.scl")));
-    EXPECT_EQ(panels.alerts.size(), 1u);
+    EXPECT_FALSE(import.importFile(huge));
+    EXPECT_EQ(panels.alerts.size(), 2u);
+    EXPECT_EQ(log.details, (Texts{path("nowhere.scl") + ": No such file or directory",
+                                  huge + ": larger than 64 MB"}));
     EXPECT_TRUE(controller.documents().empty());
 }
 

@@ -5,7 +5,9 @@
 #include "platform/foundation/UserDefaults.h"
 #include "tests/tuning/TuningTestBase.h"
 
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <list>
 
 namespace veltrano {
@@ -108,7 +110,7 @@ TEST_F(ScalaImportTest, UnreadableFileIsAFailedImport) {
     EXPECT_FALSE(import.importFile(path("nowhere.scl")));
     EXPECT_FALSE(import.importFile(huge));
     EXPECT_EQ(panels.alerts.size(), 2u);
-    EXPECT_EQ(log.details, (Texts{path("nowhere.scl") + ": No such file or directory",
+    EXPECT_EQ(log.details, (Texts{path("nowhere.scl") + ": " + std::strerror(ENOENT),
                                   huge + ": larger than 64 MB"}));
     EXPECT_TRUE(controller.documents().empty());
 }

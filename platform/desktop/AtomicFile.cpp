@@ -70,14 +70,15 @@ void keepAttributes(int descriptor, const Path& target, const struct stat& old) 
     }
 }
 
-/// Writes and waits for the disk: some systems tell only then that the bytes do not fit, and
-/// commit() does not ask. nullopt: it is there.
-std::optional<std::string> fill(QSaveFile& file, std::string_view bytes) {
-    const auto size = static_cast<qint64>(bytes.size());
-    if (file.write(bytes.data(), size) != size || !file.flush()) {
-        return file.errorString().toStdString();
+/// Writes and waits for the disk: some systems tell only then that the bytes do not fit. nullopt:
+/// they are there. Not by QSaveFile itself, which has no reason to give when some of them fitted.
+std::optional<std::string> fill(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) return std::strerror(errno);
+        if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
     }
-    const bool isOnDisk = ::fsync(file.handle()) == 0 || errno == EINVAL; // cannot be asked for
+    const bool isOnDisk = ::fsync(descriptor) == 0 || errno == EINVAL; // cannot be asked for
     return isOnDisk ? std::nullopt : std::optional<std::string>(std::strerror(errno));
 }
 
@@ -104,7 +105,7 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     file.setDirectWriteFallback(false);
     if (!file.open(QIODevice::WriteOnly)) return file.errorString().toStdString();
     if (isThere) keepAttributes(file.handle(), *target, old);
-    if (auto failure = fill(file, bytes)) {
+    if (auto failure = fill(file.handle(), bytes)) {
         file.cancelWriting();
         return failure;
     }

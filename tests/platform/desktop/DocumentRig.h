@@ -22,6 +22,8 @@
 
 namespace veltrano {
 
+using Lines = std::vector<std::string>;
+
 inline std::string contentsOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -35,6 +37,15 @@ inline void fillFile(const std::string& path, std::string_view bytes) {
 class TestFolder {
 public:
     TestFolder() { std::filesystem::permissions(folder(), std::filesystem::perms(0755)); }
+    /// Also what a test has protected goes.
+    ~TestFolder() {
+        for (const auto& entry : std::filesystem::directory_iterator(folder())) {
+            if (!entry.is_symlink() && entry.is_directory())
+                std::filesystem::permissions(entry, std::filesystem::perms(0755));
+        }
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
 
     std::string folder() const { return mFolder.path().toStdString(); }
     std::string path(std::string_view name) const { return folder() + "/" + std::string(name); }

@@ -65,6 +65,9 @@ public:
     void updateChangeCount(ChangeKind kind) override;
     void setPrintInfo(const PrintInfo& info) override; ///< leaves the edited state as it is
     bool saveToFile(const std::string& path, SaveOperation operation) override;
+    /// Tells the library, too, unless a save operation runs, which does so itself.
+    bool writeToFile(const std::string& path, std::string_view typeName,
+                     const std::string& originalPath, SaveOperation operation) override;
 
 protected:
     /// What the two fields show.
@@ -81,8 +84,6 @@ protected:
         Texts shown;
     };
 
-    bool writeToFile(const std::string& path, std::string_view typeName,
-                     const std::string& originalPath, SaveOperation operation) override;
     void documentDidSave(bool didSave) override;
     void documentDidRevert() override;
 

@@ -85,6 +85,16 @@ TEST_F(DocumentSavingTest, CopyTellsOfTheDocumentsOwnFile) {
     EXPECT_EQ(document.changeCount(), 1) << "the own file is as it was";
 }
 
+TEST_F(DocumentSavingTest, WritingWithoutASaveOperationTellsOfTheFileWritten) {
+    const std::string file = path("T/written.temperament");
+    ASSERT_TRUE(document.writeToFile(file, kTemperamentTypeName, "", SaveOperation::saveTo));
+    EXPECT_EQ(takePosted(), Texts{kSaved});
+    EXPECT_NE(temperaments.objectForPath(file), nullptr);
+    EXPECT_FALSE(
+        document.writeToFile(path("T/no/x"), kTemperamentTypeName, "", SaveOperation::saveTo));
+    EXPECT_EQ(takePosted(), Texts{});
+}
+
 TEST_F(DocumentSavingTest, FailedSaveTellsNothing) {
     EXPECT_FALSE(document.saveToFile(path("T/missing/x.temperament"), SaveOperation::saveAs));
     EXPECT_EQ(takePosted(), Texts{});

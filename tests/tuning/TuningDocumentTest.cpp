@@ -107,6 +107,20 @@ TEST_F(TuningDocumentTest, PasteTakesValuesAndLeavesTheFields) {
     EXPECT_EQ(document.name(), "mine");
 }
 
+TEST_F(TuningDocumentTest, WithoutAWindowPastedTextsAreThoseOfTheDocument) {
+    MVTemperamentDocument document(temperamentPorts());
+    document.setName("mine");
+    pasteboard.write(kTemperamentPasteboardType, temperamentFile("theirs"));
+    document.paste();
+    EXPECT_EQ(document.name(), "theirs");
+    EXPECT_EQ(document.description(), "about theirs");
+    document.undo();
+    EXPECT_EQ(document.name(), "mine");
+    EXPECT_EQ(document.description(), "");
+    document.redo();
+    EXPECT_EQ(document.name(), "theirs");
+}
+
 TEST_F(TuningDocumentTest, RejectedPasteMarksAndPostsWithoutAnUndoStep) {
     auto& document = open();
     document.setCell(Column::cent, 0, "5");
@@ -223,10 +237,11 @@ TEST_F(TuningDocumentTest, AnotherEditOrASaveEndsTheRunOfLetters) {
     editor.typeName(document, "Abc");
     document.undo();
     EXPECT_EQ(editor.name.shown, "Ab") << "an undo ends it too";
+    editor.typeName(document, "Abd");
     ASSERT_TRUE(document.saveToFile(path("x.temperament"), Document::SaveOperation::save));
-    editor.typeName(document, "Abx");
+    editor.typeName(document, "Abde");
     document.undo();
-    EXPECT_EQ(editor.name.shown, "Ab");
+    EXPECT_EQ(editor.name.shown, "Abd");
     EXPECT_FALSE(document.isDocumentEdited());
 }
 

@@ -109,11 +109,14 @@ TEST_F(LibraryTest, OnlyRegularFilesOfBoundedSizeAreRead) {
     write("elsewhere/far.temperament", temperamentFile("far"));
     std::filesystem::create_directory_symlink(path("elsewhere"), path("T/other"));
     std::filesystem::create_directory_symlink(path("T"), path("T/again"));
-    write("T/huge.temperament", "");
-    std::filesystem::resize_file(path("T/huge.temperament"), kMaxTextFileBytes + 1);
+    for (const char* name : {"T/huge.temperament", "T/huge.scl"}) {
+        write(name, "");
+        std::filesystem::resize_file(path(name), kMaxTextFileBytes + 1);
+    }
     EXPECT_EQ(fileNames(temperaments()), (Texts{"good.temperament", "linked.temperament"}));
     EXPECT_EQ(log.lines, Texts{});
-    EXPECT_EQ(log.details, Texts{path("T/huge.temperament") + ": larger than 64 MB"});
+    EXPECT_EQ(log.details, (Texts{path("T/huge.scl") + ": larger than 64 MB",
+                                  path("T/huge.temperament") + ": larger than 64 MB"}));
 }
 
 TEST_F(LibraryTest, FolderIsReadAtTheFirstLookUpAndThenKept) {

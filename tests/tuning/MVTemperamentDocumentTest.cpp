@@ -121,14 +121,14 @@ TEST_F(MVTemperamentDocumentTest, ReferencePitchMovesHertzAlone) {
 }
 
 TEST_F(MVTemperamentDocumentTest, NothingIsFollowedAfterTheEnd) {
+    editor.table.refreshes = 0;
     {
         MVTemperamentDocument document(temperamentPorts());
-        auto window = std::make_unique<RecordingDocumentWindow>(record);
-        document.setWindow(std::move(window));
+        document.windowControllerDidLoadNib(editor.outlets());
     }
-    EXPECT_FALSE(record.isOpen);
     setTonic(5);
     setReferencePitch(444);
+    EXPECT_EQ(editor.table.refreshes, 1) << "only the first filling";
 }
 
 TEST_F(MVTemperamentDocumentTest, FileIsLaidOntoTheRootKey) {

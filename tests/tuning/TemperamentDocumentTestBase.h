@@ -8,6 +8,7 @@
 
 namespace veltrano {
 
+/// One document at a time.
 class TemperamentDocumentTestBase : public TuningTestBase {
 protected:
     MVTemperamentDocument& open(int tonic = 0) {
@@ -18,7 +19,6 @@ protected:
         return *mDocument;
     }
     void TearDown() override { mDocument.reset(); }
-    WindowRecord record;
 
 private:
     std::unique_ptr<MVTemperamentDocument> mDocument;

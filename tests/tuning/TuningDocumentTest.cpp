@@ -11,9 +11,16 @@ using TuningDocumentTest = TemperamentDocumentTestBase;
 
 TEST_F(TuningDocumentTest, UndoAndRedoBringValuesBackBitForBit) {
     auto& document = open(4);
-    document.setCell(Column::hertz, 0, "330.1234567");
-    document.setCell(Column::ratio, 1, "0.79");
+    document.setCell(Column::hertz, 0, "327.66");
+    document.setCell(Column::ratio, 1, "0.7738");
+    document.setCell(Column::hertz, 2, "367.99");
+    document.setCell(Column::ratio, 3, "0.8711");
     const Temperament before = document.values();
+    Temperament recomputed = before;
+    recomputed.updateHertz();
+    ASSERT_NE(recomputed, before) << "values that only undo itself can bring back";
+    recomputed.updateRatiosAndHertz();
+    ASSERT_NE(recomputed.ratios(), before.ratios());
     document.setCell(Column::cent, 0, "12.3456789");
     const Temperament after = document.values();
     takePosted();
@@ -21,19 +28,18 @@ TEST_F(TuningDocumentTest, UndoAndRedoBringValuesBackBitForBit) {
 
     document.undo();
     EXPECT_EQ(document.values(), before);
-    EXPECT_EQ(document.changeCount(), 2);
+    EXPECT_EQ(document.changeCount(), 4);
     EXPECT_EQ(takePosted(), Texts{kEdited});
     EXPECT_EQ(postedCents, before.cents());
     EXPECT_GT(editor.table.refreshes, refreshes);
     document.redo();
     EXPECT_EQ(document.values(), after);
-    EXPECT_EQ(document.changeCount(), 3);
+    EXPECT_EQ(document.changeCount(), 5);
     EXPECT_EQ(takePosted(), Texts{kEdited});
     EXPECT_EQ(document.history().undoName(), "Edit");
 
-    document.undo();
-    document.undo();
-    document.undo();
+    for (int step = 0; step < 5; ++step)
+        document.undo();
     EXPECT_EQ(document.values(), Temperament(440, 4));
     EXPECT_FALSE(document.isDocumentEdited());
 }
@@ -310,6 +316,36 @@ TEST_F(TuningDocumentTest, RevertPostsTheSavedValues) {
     ASSERT_TRUE(document.mayClose());
     EXPECT_EQ(takePosted(), Texts{kEdited}) << "so that the tuner takes them too";
     EXPECT_EQ(postedCents[4], 3);
+}
+
+/// Notes at its end whether its document was still whole.
+template <class WholeDocument>
+class PartingWindow final : public DocumentWindow {
+public:
+    PartingWindow(Document& document, bool& wasWhole) : mDocument(document), mWasWhole(wasWhole) {}
+    ~PartingWindow() override { mWasWhole = dynamic_cast<WholeDocument*>(&mDocument) != nullptr; }
+    void showWindow() override {}
+    void setTitle(std::string_view, std::string_view, bool) override {}
+    std::optional<PrintInfo> runPageSetup(const PrintInfo&) override { return {}; }
+    void print(const PrintInfo&, bool) override {}
+
+private:
+    Document& mDocument;
+    bool& mWasWhole;
+};
+
+template <class WholeDocument, class Ports>
+bool windowEndsBeforeItsDocument(const Ports& ports) {
+    bool wasWhole = false;
+    auto document = std::make_unique<WholeDocument>(ports);
+    document->setWindow(std::make_unique<PartingWindow<WholeDocument>>(*document, wasWhole));
+    document.reset();
+    return wasWhole;
+}
+
+TEST_F(TuningDocumentTest, WindowEndsBeforeItsDocument) {
+    EXPECT_TRUE(windowEndsBeforeItsDocument<MVTemperamentDocument>(temperamentPorts()));
+    EXPECT_TRUE(windowEndsBeforeItsDocument<MVStretchDocument>(stretchPorts()));
 }
 
 } // namespace

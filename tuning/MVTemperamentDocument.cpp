@@ -135,11 +135,11 @@ void MVTemperamentDocument::updateLibrary(const std::string& path) {
 
 void MVTemperamentDocument::exportTemperament() {
     const std::string stem = std::filesystem::path(displayName()).stem().string();
-    const auto path = services().panels.savePath({.title = "Export",
-                                                  .prompt = "Export",
-                                                  .folder = {},
-                                                  .proposedName = stem + ".scl",
-                                                  .type = {std::string(kScalaTypeName), "scl"}});
+    const auto path = askForPath({.title = "Export",
+                                  .prompt = "Export",
+                                  .folder = {},
+                                  .proposedName = stem + ".scl",
+                                  .type = {std::string(kScalaTypeName), "scl"}});
     if (!path) return;
     // kept: the ratios are those to A, not those to the tonic
     const std::string bytes =

@@ -146,13 +146,16 @@ std::optional<std::string> Document::askForPath(std::string_view title) {
     if (!mPath.empty()) panel.folder = mPath.substr(0, mPath.rfind('/'));
     const std::string extension = "." + mFileType.extension;
     panel.proposedName = mPath.empty() ? displayName() + extension : displayName();
+    return askForPath(panel);
+}
+
+std::optional<std::string> Document::askForPath(const SavePanel& panel) {
     std::optional<std::string> path = mServices.panels.savePath(panel);
     if (!path) return std::nullopt;
-    const QFileInfo file(QString::fromStdString(*path));
-    if (file.suffix().compare(QString::fromStdString(mFileType.extension), Qt::CaseInsensitive) ==
-        0)
-        return path;
-    *path += extension;
+    const QString suffix = QFileInfo(QString::fromStdString(*path)).suffix();
+    const QString wanted = QString::fromStdString(panel.type.extension);
+    if (suffix.compare(wanted, Qt::CaseInsensitive) == 0) return path;
+    *path += "." + panel.type.extension;
     // The panel asked about the name as it was typed.
     if (FileStamp::of(*path).exists &&
         !mServices.panels.confirm(text("“%1” is already there.", fileNameOf(*path)),

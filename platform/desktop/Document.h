@@ -106,6 +106,9 @@ protected:
     void pushEdit(EditStep step); ///< counts it as done
     void markChanged();           ///< counts a change that cannot be undone (a rejected paste)
 
+    /// Asks where to write; the panel's extension is added where it lacks. nullopt: cancelled.
+    std::optional<std::string> askForPath(const SavePanel& panel);
+
     const DocumentServices& services() const { return mServices; }
 
 private:

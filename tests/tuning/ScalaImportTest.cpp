@@ -202,6 +202,21 @@ TEST_F(ScalaExportTest, ProposedNameIsTheDisplayNameWithoutItsExtension) {
     EXPECT_EQ(panels.savePanels.back().proposedName, "Young 2.scl");
 }
 
+TEST_F(ScalaExportTest, ExtensionIsAddedWhereItLacks) {
+    panels.savePaths = {path("a"), path("b.txt"), path("c.SCL")};
+    for (int count = 0; count < 3; ++count)
+        exported.exportTemperament();
+    for (const char* name : {"a.scl", "b.txt.scl", "c.SCL"})
+        EXPECT_TRUE(std::filesystem::exists(path(name))) << name;
+    EXPECT_EQ(panels.asked, Texts{});
+
+    write("d.scl", "mine");
+    panels.savePaths = {path("d")};
+    exported.exportTemperament();
+    EXPECT_EQ(panels.asked.size(), 1u) << "the panel has asked about another name";
+    EXPECT_EQ(contents("d.scl"), "mine");
+}
+
 TEST_F(ScalaExportTest, LongTextsAreCut) {
     exported.setName(std::string(90, 'n'));
     panels.savePaths = {path("out.scl")};

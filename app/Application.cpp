@@ -73,7 +73,7 @@ Application::Application(const LaunchOptions& options)
 
 Application::~Application() = default;
 
-int Application::run() {
+int Application::run(const std::function<void()>& willListen) {
     std::string error;
     if (mOptions.input) {
         mRecording = openRecording(*mOptions.input, error);
@@ -86,7 +86,7 @@ int Application::run() {
     mDocuments.furnish(*mWindow, nullptr);
     makeController();
     mController->awakeFromNib();
-    return mOptions.snapshotDir ? writeSnapshot() : runWindow();
+    return mOptions.snapshotDir ? writeSnapshot() : runWindow(willListen);
 }
 
 std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& path,
@@ -123,7 +123,7 @@ std::string Application::nameOfRecording() const {
            mVirtual.deviceName(id, Direction::input).value_or("");
 }
 
-int Application::runWindow() {
+int Application::runWindow(const std::function<void()>& willListen) {
     mController->applicationDidFinishLaunching();
     const QMetaObject::Connection visibility =
         QObject::connect(mWindow->windowHandle(), &QWindow::visibilityChanged,
@@ -133,7 +133,9 @@ int Application::runWindow() {
         mRecording->startRealTime();
     }
     mWindow->setCloseRequest([this] { quitLater(); });
-    mDocuments.openFiles(mOptions.files);
+    // Opened from the event loop: what refuses a file asks, and a signal must end the question.
+    mMainThread.post([this] { mDocuments.openFiles(mOptions.files); });
+    willListen();
     const int exitCode = QApplication::exec();
     QObject::disconnect(visibility);
     if (mRecording) {

@@ -27,6 +27,7 @@
 #include "settings/Preferences.h"
 
 #include <QWindow>
+#include <functional>
 #include <memory>
 
 namespace veltrano {
@@ -39,15 +40,16 @@ public:
     ~Application();
 
     /// Runs until the window is closed or, for pictures, until they are written.
+    /// @param willListen called when from here on the event loop's exit ends the run in good order
     /// @return the exit code; a failure has been told on standard error
-    int run();
+    int run(const std::function<void()>& willListen = [] {});
 
 private:
     std::unique_ptr<RecordingDevice> openRecording(const std::string& path, std::string& error);
     void makeController();
     const Clock& clock() const;
     std::string nameOfRecording() const; ///< of its device entry
-    int runWindow();
+    int runWindow(const std::function<void()>& willListen);
     int writeSnapshot();
     int writePicture(const QImage& picture, const QString& name);
     static UserDefaults defaultsFor(const LaunchOptions& options);

@@ -75,9 +75,8 @@ void DocumentDesk::addStretches() {
 void DocumentDesk::addScalaScales() {
     mDocuments.addKind(
         {{std::string(kScalaTypeName), "scl"}, std::string(kTemperamentTypeName), {}, {}});
-    mDocuments.setImporter([this](std::string_view path) {
-        ScalaImport(mDocuments, mPorts.panels).importFile(path);
-    });
+    mDocuments.setImporter(
+        [this](std::string_view path) { ScalaImport(mDocuments, mPorts.panels).importFile(path); });
 }
 
 std::unique_ptr<DocumentWindow> DocumentDesk::windowOf(Document& document,

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -38,6 +39,10 @@ int main(int argc, char** argv) {
     Appearance::choose(launch.options->appearance);
     // The application says itself when it ends: with the tuner window, after the documents.
     QApplication::setQuitOnLastWindowClosed(false);
-    const TerminationSignals signalsQuit([] { QCoreApplication::exit(0); });
-    return Application(*launch.options).run();
+    bool isRunning = false;
+    const TerminationSignals signalsQuit([&isRunning] {
+        if (!isRunning) std::_Exit(0); // a question at the start has nothing to lose
+        QCoreApplication::exit(0);
+    });
+    return Application(*launch.options).run([&isRunning] { isRunning = true; });
 }

@@ -29,6 +29,10 @@ protected:
         mEnvironment = QProcessEnvironment::systemEnvironment();
         mEnvironment.insert("QT_QPA_PLATFORM", "offscreen");
         mEnvironment.insert("XDG_RUNTIME_DIR", mFolder.path());
+        mEnvironment.insert("XDG_DATA_HOME", mFolder.path());
+        // Libraries that need not be filled first.
+        EXPECT_TRUE(QDir(mFolder.path()).mkpath("veltrano/Temperaments"));
+        EXPECT_TRUE(QDir(mFolder.path()).mkpath("veltrano/Stretches"));
         mEnvironment.insert("PULSE_SERVER", "unix:" + mFolder.filePath("nobody"));
     }
 

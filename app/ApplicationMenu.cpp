@@ -21,7 +21,7 @@ constexpr const char* kCommandProperty = "veltranoCommand";
 struct MenuItem {
     const char* text;
     MenuCommand command{};
-    QKeySequence keys{};
+    QList<QKeySequence> keys{}; ///< the first one is shown
 };
 
 namespace {
@@ -33,52 +33,53 @@ using Items = std::vector<MenuItem>;
 
 const Items& newAndOpenItems() {
     static const Items items{
-        {VELTRANO_MENU_TEXT("&New Temperament"), MenuCommand::newTemperament, QKeySequence::New},
-        {VELTRANO_MENU_TEXT("New Stretc&h"), MenuCommand::newStretch,
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
-        {VELTRANO_MENU_TEXT("&Open…"), MenuCommand::open, QKeySequence::Open}};
+        {VELTRANO_MENU_TEXT("&New Temperament"), MenuCommand::newTemperament, {QKeySequence::New}},
+        {VELTRANO_MENU_TEXT("New Stretc&h"),
+         MenuCommand::newStretch,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_N}},
+        {VELTRANO_MENU_TEXT("&Open…"), MenuCommand::open, {QKeySequence::Open}}};
     return items;
 }
 
 const Items& restOfFileItems() {
     static const Items items{
-        {VELTRANO_MENU_TEXT("&Import…"), MenuCommand::importScala,
-         QKeySequence(Qt::CTRL | Qt::Key_I)},
-        {VELTRANO_MENU_TEXT("&Export…"), MenuCommand::exportScala,
-         QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {VELTRANO_MENU_TEXT("&Import…"), MenuCommand::importScala, {Qt::CTRL | Qt::Key_I}},
+        {VELTRANO_MENU_TEXT("&Export…"), MenuCommand::exportScala, {Qt::CTRL | Qt::Key_E}},
         {nullptr},
-        {VELTRANO_MENU_TEXT("&Close"), MenuCommand::closeWindow, QKeySequence::Close},
-        {VELTRANO_MENU_TEXT("&Save"), MenuCommand::save, QKeySequence::Save},
-        {VELTRANO_MENU_TEXT("Save &As…"), MenuCommand::saveAs,
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+        {VELTRANO_MENU_TEXT("&Close"), MenuCommand::closeWindow, {QKeySequence::Close}},
+        {VELTRANO_MENU_TEXT("&Save"), MenuCommand::save, {QKeySequence::Save}},
+        {VELTRANO_MENU_TEXT("Save &As…"), MenuCommand::saveAs, {Qt::CTRL | Qt::SHIFT | Qt::Key_S}},
         {VELTRANO_MENU_TEXT("Save a Cop&y…"), MenuCommand::saveTo, {}},
         {VELTRANO_MENU_TEXT("Revert to Save&d"), MenuCommand::revert, {}},
         {nullptr},
-        {VELTRANO_MENU_TEXT("Page Set&up…"), MenuCommand::pageSetup,
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+        {VELTRANO_MENU_TEXT("Page Set&up…"),
+         MenuCommand::pageSetup,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_P}},
         {VELTRANO_MENU_TEXT("Print Pre&view…"), MenuCommand::printPreview, {}},
-        {VELTRANO_MENU_TEXT("&Print…"), MenuCommand::print, QKeySequence::Print},
+        {VELTRANO_MENU_TEXT("&Print…"), MenuCommand::print, {QKeySequence::Print}},
         {nullptr},
-        {VELTRANO_MENU_TEXT("&Quit"), MenuCommand::quit, QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+        {VELTRANO_MENU_TEXT("&Quit"), MenuCommand::quit, {Qt::CTRL | Qt::Key_Q}}};
     return items;
 }
 
 const Items& editItems() {
     static const Items items{
-        {VELTRANO_MENU_TEXT("&Undo"), MenuCommand::undo, QKeySequence::Undo},
-        {VELTRANO_MENU_TEXT("&Redo"), MenuCommand::redo, QKeySequence::Redo},
+        {VELTRANO_MENU_TEXT("&Undo"), MenuCommand::undo, {QKeySequence::Undo}},
+        {VELTRANO_MENU_TEXT("&Redo"),
+         MenuCommand::redo,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}},
         {nullptr},
-        {VELTRANO_MENU_TEXT("Cu&t"), MenuCommand::cut, QKeySequence::Cut},
-        {VELTRANO_MENU_TEXT("&Copy"), MenuCommand::copy, QKeySequence::Copy},
-        {VELTRANO_MENU_TEXT("&Paste"), MenuCommand::paste, QKeySequence::Paste},
+        {VELTRANO_MENU_TEXT("Cu&t"), MenuCommand::cut, {QKeySequence::Cut}},
+        {VELTRANO_MENU_TEXT("&Copy"), MenuCommand::copy, {QKeySequence::Copy}},
+        {VELTRANO_MENU_TEXT("&Paste"), MenuCommand::paste, {QKeySequence::Paste}},
         {VELTRANO_MENU_TEXT("&Delete"), MenuCommand::deleteAll, {}},
-        {VELTRANO_MENU_TEXT("Select &All"), MenuCommand::selectAll, QKeySequence::SelectAll}};
+        {VELTRANO_MENU_TEXT("Select &All"), MenuCommand::selectAll, {QKeySequence::SelectAll}}};
     return items;
 }
 
 const Items& helpItems() {
     static const Items items{
-        {VELTRANO_MENU_TEXT("Veltrano &Help"), MenuCommand::help, QKeySequence::HelpContents}};
+        {VELTRANO_MENU_TEXT("Veltrano &Help"), MenuCommand::help, {QKeySequence::HelpContents}}};
     return items;
 }
 
@@ -134,7 +135,7 @@ void ApplicationMenu::addItem(QMenu& menu, const MenuItem& item) {
         return;
     }
     QAction* action = menu.addAction(tr(item.text));
-    action->setShortcut(item.keys);
+    action->setShortcuts(item.keys);
     action->setProperty(kCommandProperty, static_cast<int>(item.command));
     action->setData(action->text()); // the menu's own title
     if (item.command == MenuCommand::quit) action->setMenuRole(QAction::QuitRole);

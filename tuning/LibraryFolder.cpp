@@ -10,9 +10,12 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStandardPaths>
+#include <filesystem>
 #include <unistd.h>
 
 namespace veltrano {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -25,10 +28,12 @@ QString named(const QString& folder, const LibraryFolderKind& kind) {
 
 /// Copies one file so that the user may change the copy, and waits until it is on the disk.
 bool copyFile(const QString& from, const QString& to) {
-    if (!QFile::copy(from, to)) return false;
+    std::error_code error;
+    if (!fs::copy_file(from.toStdString(), to.toStdString(), error)) return false;
+    fs::permissions(to.toStdString(), fs::perms::owner_read | fs::perms::owner_write,
+                    fs::perm_options::add, error);
     QFile copy(to);
-    return copy.setPermissions(copy.permissions() | QFile::ReadOwner | QFile::WriteOwner) &&
-           copy.open(QIODevice::ReadWrite) && ::fsync(copy.handle()) == 0;
+    return !error && copy.open(QIODevice::ReadWrite) && ::fsync(copy.handle()) == 0;
 }
 
 bool copyFolder(const QString& from, const QString& to) {

@@ -109,6 +109,7 @@ LayerRules rulesOfTheProject() {
                      qtCoreHeaders());
     rules.addProgramFile("cli/main.cpp", LayerRules::Kind::plain);
     rules.addProgramFile("app/main.cpp", LayerRules::Kind::views);
+    rules.addProgramFile("resources/content/MakeContent.cpp", LayerRules::Kind::core);
     return rules;
 }
 

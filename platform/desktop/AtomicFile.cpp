@@ -61,8 +61,7 @@ void keepAttributes(int descriptor, const Path& target, const struct stat& old) 
     const bool keepsGroup = ::fchown(descriptor, old.st_uid, old.st_gid) == 0 ||
                             ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) == 0;
     if (keepsGroup) {
-        ::fchmod(descriptor, old.st_mode & ACCESSPERMS);
-        keepAccessList(descriptor, target);
+        keepAccessList(descriptor, target); // QSaveFile has seen to the rest
     } else {
         // What the old group was allowed is not for another one.
         const mode_t others = old.st_mode & S_IRWXO;

@@ -96,6 +96,15 @@ TEST_F(DocumentControllerTest, AFileThatIsOpenIsShown) {
     EXPECT_EQ(controller.documents().size(), 1u);
 }
 
+TEST_F(DocumentControllerTest, AFileThatIsGoneIsNotTakenForAnother) {
+    open(files.file("a.text", "text"));
+    std::filesystem::remove(files.path("a.text"));
+    EXPECT_EQ(controller.documentForPath(files.path("nothing.text")), nullptr);
+    EXPECT_NE(controller.documentForPath(files.path("a.text")), nullptr);
+    untitled();
+    EXPECT_EQ(controller.documentForPath(""), nullptr) << "an untitled one has no path";
+}
+
 TEST_F(DocumentControllerTest, SaysWhichFileItRefuses) {
     ASSERT_EQ(::mkfifo(files.path("fifo.text").c_str(), 0666), 0);
     std::filesystem::create_directory(files.path("folder.text"));

@@ -27,12 +27,12 @@ TEST_F(DocumentSaveTest, SaveWritesTheFileAndClearsTheCount) {
     EXPECT_EQ(contentsOf(files.path("a.text")), "new");
     EXPECT_FALSE(document->isDocumentEdited());
     EXPECT_TRUE(document->history().canUndo()) << "a save forgets no steps";
-    EXPECT_EQ(document->happened, std::vector<std::string>{"saved"});
-    EXPECT_EQ(panels.asked, std::vector<std::string>{});
-    EXPECT_EQ(files.names(), std::vector<std::string>{"a.text"});
+    EXPECT_EQ(document->happened, Lines{"saved"});
+    EXPECT_EQ(panels.asked, Lines{});
+    EXPECT_EQ(files.names(), Lines{"a.text"});
     document->setText("newer"); // its own save is no change by another program
     EXPECT_TRUE(document->saveDocument());
-    EXPECT_EQ(panels.asked, std::vector<std::string>{});
+    EXPECT_EQ(panels.asked, Lines{});
 }
 
 TEST_F(DocumentSaveTest, SaveOfAnUntitledOneAsksWhere) {
@@ -78,10 +78,12 @@ TEST_F(DocumentSaveTest, ACopyLeavesTheDocumentAsItIs) {
     EXPECT_EQ(contentsOf(files.path("a.text")), "old");
     EXPECT_EQ(document->path(), files.path("a.text"));
     EXPECT_EQ(document->changeCount(), 1);
-    EXPECT_EQ(document->happened, std::vector<std::string>{"saved"});
+    EXPECT_EQ(document->happened, Lines{"saved"});
     document->undo();
     EXPECT_EQ(document->text, "old");
     EXPECT_FALSE(document->saveDocumentTo()) << "cancelled";
+    EXPECT_TRUE(document->saveDocument());
+    EXPECT_EQ(panels.asked, Lines{});
 }
 
 TEST_F(DocumentSaveTest, ACopyOntoItsOwnFileIsNoChangeByAnother) {
@@ -90,15 +92,19 @@ TEST_F(DocumentSaveTest, ACopyOntoItsOwnFileIsNoChangeByAnother) {
     EXPECT_TRUE(document->saveToFile(document->path(), Operation::saveTo));
     EXPECT_EQ(document->changeCount(), 1);
     EXPECT_TRUE(document->saveDocument());
-    EXPECT_EQ(panels.asked, std::vector<std::string>{});
+    EXPECT_EQ(panels.asked, Lines{});
 }
 
-TEST_F(DocumentSaveTest, ACopyElsewhereDoesNotHideAChangeByAnother) {
-    auto document = openedWith("old");
-    files.file("a.text", "by another");
-    EXPECT_TRUE(document->saveToFile(files.path("copy.text"), Operation::saveTo));
-    EXPECT_FALSE(document->saveDocument());
-    EXPECT_EQ(panels.asked.size(), 1u);
+TEST_F(DocumentSaveTest, ACopyDoesNotHideAChangeByAnother) {
+    for (const char* copy : {"copy.text", "a.text"}) {
+        SCOPED_TRACE(copy);
+        auto document = openedWith("old");
+        files.file("a.text", "by another");
+        EXPECT_TRUE(document->saveToFile(files.path(copy), Operation::saveTo));
+        panels.asked.clear();
+        EXPECT_FALSE(document->saveDocument());
+        EXPECT_EQ(panels.asked.size(), 1u);
+    }
 }
 
 TEST_F(DocumentSaveTest, AppendsTheExtensionThatIsMissing) {
@@ -120,7 +126,7 @@ TEST_F(DocumentSaveTest, AppendsTheExtensionThatIsMissing) {
         EXPECT_EQ(contentsOf(files.path(written)), typed);
         std::filesystem::remove(files.path(written));
     }
-    EXPECT_EQ(files.names(), std::vector<std::string>{});
+    EXPECT_EQ(files.names(), Lines{});
 }
 
 TEST_F(DocumentSaveTest, AsksBeforeAFileThatTheExtensionLedTo) {
@@ -129,7 +135,7 @@ TEST_F(DocumentSaveTest, AsksBeforeAFileThatTheExtensionLedTo) {
     panels.savePaths = {files.path("b"), files.path("b"), files.path("b.text")};
     EXPECT_FALSE(document->saveDocumentAs());
     EXPECT_EQ(contentsOf(files.path("b.text")), "another's");
-    EXPECT_EQ(panels.asked, std::vector<std::string>{"confirm? “b.text” is already there."});
+    EXPECT_EQ(panels.asked, Lines{"confirm? “b.text” is already there."});
     panels.confirms = true;
     EXPECT_TRUE(document->saveDocumentAs());
     EXPECT_EQ(contentsOf(files.path("b.text")), "mine");
@@ -190,8 +196,7 @@ TEST_F(DocumentSaveTest, NoticesAFileThatIsNotTheOneOpened) {
             panels.lastAction.clear();
             panels.confirms = confirms;
             const bool isSaved = document->saveDocument();
-            EXPECT_EQ(panels.asked,
-                      question ? std::vector<std::string>{question} : std::vector<std::string>{});
+            EXPECT_EQ(panels.asked, question ? Lines{question} : Lines{});
             EXPECT_EQ(panels.lastAction, question ? "Save Anyway" : "");
             EXPECT_EQ(isSaved, confirms || !question);
             EXPECT_EQ(document->isDocumentEdited(), !isSaved);
@@ -199,7 +204,7 @@ TEST_F(DocumentSaveTest, NoticesAFileThatIsNotTheOneOpened) {
             if (!isSaved) continue;
             panels.asked.clear();
             EXPECT_TRUE(document->saveDocument());
-            EXPECT_EQ(panels.asked, std::vector<std::string>{}) << "asked once";
+            EXPECT_EQ(panels.asked, Lines{}) << "asked once";
         }
     }
 }
@@ -220,9 +225,8 @@ TEST_F(DocumentSaveTest, AsksBeforeBytesThatDoNotReadBack) {
         panels.confirms = false;
         panels.savePaths = {files.path("b.text")};
         EXPECT_FALSE((document.get()->*save)());
-        EXPECT_EQ(panels.asked,
-                  std::vector<std::string>{"confirm? “a.text” would not read back as it is now."});
-        EXPECT_EQ(files.names(), std::vector<std::string>{"a.text"});
+        EXPECT_EQ(panels.asked, Lines{"confirm? “a.text” would not read back as it is now."});
+        EXPECT_EQ(files.names(), Lines{"a.text"});
         EXPECT_EQ(contentsOf(files.path("a.text")), "old");
         EXPECT_TRUE(document->isDocumentEdited());
 
@@ -235,10 +239,13 @@ TEST_F(DocumentSaveTest, AsksBeforeBytesThatDoNotReadBack) {
 }
 
 TEST_F(DocumentSaveTest, AFailedSaveSaysWhyAndChangesNothing) {
-    std::filesystem::create_directory(files.path("gone"));
+    ASSERT_EQ(::mkfifo(files.path("fifo.text").c_str(), 0666), 0);
     std::filesystem::create_directory(files.path("protected"));
     std::filesystem::create_directory(files.path("folder.text"));
     files.file("protected/a.text", "old");
+    // Writing into the file itself would do, but not whole or not at all.
+    std::filesystem::permissions(files.file("protected/open.text", "old"),
+                                 std::filesystem::perms(0666));
     std::filesystem::permissions(files.path("protected"), std::filesystem::perms(0555));
     std::filesystem::permissions(files.file("readonly.text", "old"), std::filesystem::perms(0444));
     const struct {
@@ -247,10 +254,11 @@ TEST_F(DocumentSaveTest, AFailedSaveSaysWhyAndChangesNothing) {
     } cases[] = {
         {files.path("nowhere/a.text"), "No such file or directory"},
         {files.path("protected/a.text"), "Permission denied"},
+        {files.path("protected/open.text"), "Permission denied"},
         {files.path("protected/new.text"), "Permission denied"},
         {files.path("readonly.text"), "Permission denied"},
         {files.path("folder.text"), "Is a directory"},
-        {"/dev/full", "no regular file"},
+        {files.path("fifo.text"), "no regular file"},
     };
     auto document = openedWith("old");
     document->setText("new");
@@ -263,14 +271,14 @@ TEST_F(DocumentSaveTest, AFailedSaveSaysWhyAndChangesNothing) {
             EXPECT_FALSE(document->saveToFile(path, operation));
             const std::string name = path.substr(path.rfind('/') + 1);
             EXPECT_EQ(panels.alerts,
-                      std::vector<std::string>{"“" + name + "” could not be saved.\n" + path +
-                                               ": " + reason});
-            EXPECT_EQ(document->happened, std::vector<std::string>{"not saved"});
+                      Lines{"“" + name + "” could not be saved.\n" + path + ": " + reason});
+            EXPECT_EQ(document->happened, Lines{"not saved"});
             EXPECT_EQ(document->path(), files.path("a.text"));
             EXPECT_EQ(document->changeCount(), 1);
         }
     }
     EXPECT_EQ(contentsOf(files.path("protected/a.text")), "old");
+    EXPECT_EQ(contentsOf(files.path("protected/open.text")), "old");
     EXPECT_EQ(contentsOf(files.path("readonly.text")), "old");
 }
 

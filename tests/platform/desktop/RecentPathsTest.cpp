@@ -9,7 +9,12 @@ class RecentPathsTest : public DocumentControllerRig {
 protected:
     /// What another run of the program would find.
     Lines found() {
-        UserDefaults again(QString::fromStdString(files.path("defaults.ini")));
+        // A copy: settings on the same file share what is not written yet.
+        const std::string copy = files.path("copy.ini");
+        std::filesystem::remove(copy);
+        if (std::filesystem::exists(files.path("defaults.ini")))
+            std::filesystem::copy_file(files.path("defaults.ini"), copy);
+        UserDefaults again(QString::fromStdString(copy));
         return DocumentController(services(), again).recentPaths();
     }
 };

@@ -13,6 +13,10 @@ target_link_libraries(veltrano_flags INTERFACE Threads::Threads)
 if(VELTRANO_SANITIZER STREQUAL "address")
     # float-cast-overflow is not part of "undefined": it catches NaN or infinity to integer.
     set(sanitize -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+elseif(VELTRANO_SANITIZER STREQUAL "fuzz")
+    # What finds new ways through the code is linked by the fuzz targets alone.
+    set(sanitize -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow
+        -fno-sanitize-recover=all)
 elseif(VELTRANO_SANITIZER STREQUAL "thread")
     set(sanitize -fsanitize=thread)
 elseif(VELTRANO_SANITIZER STREQUAL "realtime")

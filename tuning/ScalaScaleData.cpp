@@ -52,15 +52,15 @@ bool ScalaScaleData::parseData(std::string_view bytes) {
     while (const auto latin1 = lines.nextLine()) {
         if (latin1->empty()) return false;
         if (latin1->front() == '!') continue;
-        if (!takeLine(count, utf8OfLatin1(*latin1))) return false;
         // The lines after the pitches are ignored, however many there are.
-        if (count <= kLastPitchLine) ++count;
+        if (count > kLastPitchLine) continue;
+        if (!takeLine(count, utf8OfLatin1(*latin1))) return false;
+        ++count;
     }
     return true;
 }
 
 bool ScalaScaleData::takeLine(int number, const std::string& line) {
-    if (number > kLastPitchLine) return true;
     if (number == kDescriptionLine) {
         mDescription = std::string(trimmedUtf8(line));
         return true;

@@ -35,7 +35,8 @@ public:
                                          const RatioTable& ratios);
 
 private:
-    bool takeLine(int number, const std::string& line); ///< one that is no comment
+    /// One that is no comment. @param number 0 ... 12
+    bool takeLine(int number, const std::string& line);
 
     std::optional<std::string> mDescription;
     std::optional<std::string> mErrorMessage;

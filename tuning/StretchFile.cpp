@@ -11,6 +11,16 @@
 
 namespace veltrano::stretch_file {
 
+namespace {
+
+/// A key's name and one digit; the few others that pass (such as C9) are forgotten later.
+bool isRead(std::string_view key) {
+    return key == "Name" || key == "Description" ||
+           temperament::isNoteName(key.substr(0, std::max<std::size_t>(key.size(), 1) - 1));
+}
+
+} // namespace
+
 std::string keyName(int key) {
     return std::string(temperament::noteName(key)) + std::to_string(key / kPitchClasses);
 }
@@ -34,7 +44,7 @@ std::string data(const StretchTable& stretch, std::string_view name, std::string
 }
 
 std::optional<Names> readInto(StretchTable& stretch, std::string_view bytes, Log& log) {
-    const StringsFile file = parseStringsFile(bytes);
+    const StringsFile file = parseStringsFile(bytes, isRead);
     if (!file.pairs) {
         log.line(kInvalid);
         log.detail("The first error is in line " + std::to_string(file.errorLine) + ".");

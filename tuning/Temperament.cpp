@@ -5,6 +5,7 @@
 #include "platform/foundation/LenientNumber.h"
 #include "tuning/PitchClass.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace veltrano {
@@ -19,6 +20,10 @@ constexpr std::array<std::string_view, 12> kNoteNames{"C",  "C#", "D",  "Eb", "E
 } // namespace
 
 std::string_view noteName(int index) { return kNoteNames[static_cast<std::size_t>(index % 12)]; }
+
+bool isNoteName(std::string_view name) {
+    return std::ranges::find(kNoteNames, name) != kNoteNames.end();
+}
 
 double equalRatio(int row, int key) {
     const int note = (key + row) % kPitchClasses;

@@ -25,6 +25,9 @@ inline constexpr std::string_view kOutOfRange =
 /// "C", "C#", "D", "Eb" ... of pitch class @p index mod 12. @p index >= 0
 std::string_view noteName(int index);
 
+/// Whether @p name is one of the twelve, spelled as noteName() spells it.
+bool isNoteName(std::string_view name);
+
 /// The row on which A lies. @param key 0 (C) ... 11
 constexpr int rowOfA(int key) { return (21 - key) % 12; }
 

@@ -35,6 +35,10 @@ bool areProportional(const CentTable& values) {
            highest == values.back() && highest / lowest <= 2.0 && highest / lowest > kTenSemitones;
 }
 
+bool isRead(std::string_view key) {
+    return key == "Name" || key == "Description" || temperament::isNoteName(key);
+}
+
 CentTable centsOfProportional(const CentTable& values) {
     CentTable cents;
     for (int note = 0; note < kPitchClasses; ++note) {
@@ -73,7 +77,7 @@ CentTable getCents(const StringsDictionary& pairs) {
 }
 
 std::optional<TemperamentEntry> readData(std::string_view bytes, Log& log) {
-    const StringsFile file = parseStringsFile(bytes);
+    const StringsFile file = parseStringsFile(bytes, isRead);
     if (!file.pairs) {
         log.line(kInvalid);
         log.detail("The first error is in line " + std::to_string(file.errorLine) + ".");

@@ -37,7 +37,8 @@ public:
     explicit Reader(std::string_view text) : mRest(text) {}
 
     bool isAtEnd() const { return mRest.empty(); }
-    int line() const { return mLine; }
+    /// Where reading stopped; the beginning of a text or comment whose end is missing.
+    int errorLine() const { return mRest.empty() && mOpenedLine ? *mOpenedLine : mLine; }
 
     /// Goes past white space and comments. False: a comment has no end, or no UTF-8.
     bool skipToToken() {
@@ -64,10 +65,12 @@ public:
 
     std::optional<std::string> takeQuoted() {
         if (!takeSign('"')) return std::nullopt;
+        mOpenedLine = mLine;
         std::string text;
         while (const auto next = firstUtf8(mRest)) {
             if (next->code == U'"') {
                 mRest.remove_prefix(1);
+                mOpenedLine.reset();
                 return text;
             }
             if (next->code == U'\\') {
@@ -106,38 +109,42 @@ private:
 
     bool skipBlockComment() {
         mRest.remove_prefix(2);
+        mOpenedLine = mLine;
         while (!mRest.starts_with("*/")) {
             const auto next = firstUtf8(mRest);
             if (!next) return false;
             take(*next);
         }
         mRest.remove_prefix(2);
+        mOpenedLine.reset();
         return true;
     }
 
     std::string_view mRest;
     int mLine = 1;
+    std::optional<int> mOpenedLine; ///< of the text or block comment that is being read
 };
 
-bool readPair(Reader& reader, StringsDictionary& pairs) {
+bool readPair(Reader& reader, StringsKeyFilter isWanted, StringsDictionary& pairs) {
     auto key = reader.takeQuoted();
     if (!key || !reader.takeSign('=')) return false;
     auto value = reader.takeQuoted();
     if (!value || !reader.takeSign(';')) return false;
+    if (isWanted && !isWanted(*key)) return true;
     pairs.insert_or_assign(std::move(*key), std::move(*value));
     return true;
 }
 
 } // namespace
 
-StringsFile parseStringsFile(std::string_view utf8) {
+StringsFile parseStringsFile(std::string_view utf8, StringsKeyFilter isWanted) {
     Reader reader(utf8);
     StringsDictionary pairs;
     while (reader.skipToToken()) {
         if (reader.isAtEnd()) return {std::move(pairs), 0};
-        if (!readPair(reader, pairs)) break;
+        if (!readPair(reader, isWanted, pairs)) break;
     }
-    return {std::nullopt, reader.line()};
+    return {std::nullopt, reader.errorLine()};
 }
 
 std::optional<std::string> valueOf(const StringsDictionary& pairs, std::string_view key) {

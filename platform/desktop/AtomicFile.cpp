@@ -108,7 +108,10 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
         file.cancelWriting();
         return failure;
     }
-    if (!file.commit()) return file.errorString().toStdString();
+    errno = 0;
+    if (!file.commit()) { // which does not always tell the reason
+        return errno != 0 ? std::strerror(errno) : file.errorString().toStdString();
+    }
     syncFolder(*target);
     return std::nullopt;
 }

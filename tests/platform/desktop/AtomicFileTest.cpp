@@ -218,6 +218,25 @@ TEST_F(AtomicFileTest, RefusesAFileThatIsProtected) {
     EXPECT_EQ(contentsOf(path), "old");
 }
 
+TEST_F(AtomicFileTest, SaysWhyAFileCannotTakeThePlaceOfTheOldOne) {
+    // There is no room for the name that the new file bears meanwhile.
+    const std::string longest(255, 'n');
+    EXPECT_EQ(writeFileAtomically(files.file(longest, "old"), "new"), "File name too long");
+    EXPECT_EQ(contentsOf(files.path(longest)), "old");
+    EXPECT_EQ(writeFileAtomically(files.path(longest + "n"), "new"), "File name too long");
+    EXPECT_EQ(files.names(), Lines{longest});
+
+    if (::geteuid() != 0) GTEST_SKIP() << "the rest needs another's file";
+    // Everybody may write the file, but only its owner may replace it in such a folder.
+    const std::string path = files.file("a", "old");
+    ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(files.folder().c_str(), 01777), 0);
+    const AsNobody rights;
+    EXPECT_EQ(writeFileAtomically(path, "new"), "Operation not permitted");
+    EXPECT_EQ(contentsOf(path), "old");
+    EXPECT_EQ(files.names(), (Lines{"a", longest}));
+}
+
 /// No file of this process can be larger, while it lives.
 class FileSizeLimit {
 public:

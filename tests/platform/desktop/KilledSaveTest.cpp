@@ -59,14 +59,16 @@ protected:
         return ::kill(process, SIGKILL) == 0 && ::waitpid(process, &status, 0) == process &&
                WIFSIGNALED(status);
     }
-    /// What lies beside the file and would be taken for one of its kind.
-    Lines lookalikes() const {
-        Lines found = files.names();
-        std::erase_if(found, [](const std::string& name) {
-            const std::string extension = std::filesystem::path(name).extension();
-            return extension != ".text" || name == "scale.text";
-        });
-        return found;
+    /// Removes what a killed save has left beside the file; nothing of it may pass for a document.
+    /// @return how many files
+    int removeLeftovers() {
+        int count = 0;
+        for (const std::string& name : files.names()) {
+            if (name == "scale.text") continue;
+            EXPECT_NE(std::filesystem::path(name).extension(), ".text") << name;
+            count += std::filesystem::remove(files.path(name));
+        }
+        return count;
     }
 
     Progress* const progress;
@@ -79,6 +81,7 @@ TEST_F(KilledSaveTest, TheFileIsAlwaysWhole) {
     int duringASave = 0;
     int found[] = {0, 0};
     long saves = 0;
+    int leftovers = 0;
     for (int round = 0; round < kills; ++round) {
         const pid_t process = startSaving(path);
         while (progress->saves == 0)
@@ -92,11 +95,11 @@ TEST_F(KilledSaveTest, TheFileIsAlwaysWhole) {
         ASSERT_TRUE(left == kContents[0] || left == kContents[1])
             << "kill " << round << " left " << left.size() << " bytes";
         ++found[left == kContents[1]];
-        ASSERT_EQ(lookalikes(), Lines{});
+        leftovers += removeLeftovers();
     }
     std::printf("%d kills, %d of them during a save (%ld saves were finished); the file was the "
-                "one %d times, the other %d times; %zu files lie beside it\n",
-                kills, duringASave, saves, found[0], found[1], files.names().size() - 1);
+                "one %d times, the other %d times; %d leftovers, none of its kind\n",
+                kills, duringASave, saves, found[0], found[1], leftovers);
     EXPECT_GT(duringASave, kills / 2) << "most are to meet a save";
     EXPECT_GT(found[0], 0);
     EXPECT_GT(found[1], 0);

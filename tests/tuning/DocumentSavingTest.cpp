@@ -100,6 +100,11 @@ TEST_F(DocumentSavingTest, FailedSaveTellsNothing) {
     EXPECT_EQ(takePosted(), Texts{});
     EXPECT_EQ(temperaments.entries().size(), 1u);
     EXPECT_EQ(panels.alerts.size(), 1u);
+
+    ASSERT_TRUE(document.saveToFile(path("T/own.temperament"), SaveOperation::saveAs));
+    takePosted();
+    EXPECT_FALSE(document.saveToFile(path("T/missing/x.temperament"), SaveOperation::saveTo));
+    EXPECT_EQ(takePosted(), Texts{}) << "nor of the file it has";
 }
 
 TEST_F(DocumentSavingTest, WithoutALibraryNothingIsTold) {

@@ -287,7 +287,7 @@ TEST(ShippedTemperaments, TheSeptenariusHasItsStringLengths) {
                                               139, 131, 124, 117, 110, 104};
     for (int note = 0; note < 12; ++note) {
         EXPECT_NEAR(196 / std::exp2(interval(cents, 0, note) / 1200),
-                    kLengths[static_cast<std::size_t>(note)], 1e-6)
+                    kLengths[static_cast<std::size_t>(note)], 1e-9)
             << "note " << note;
     }
 }

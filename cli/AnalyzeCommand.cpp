@@ -80,6 +80,11 @@ int runAnalyze(const QStringList& arguments) {
         return kWrongUsage;
     }
 
+    StandardErrorLog log;
+    std::optional<TuningEntries> entries = readTuningEntries(options->setup.options.files, log);
+    if (!entries) return kRefused;
+    options->setup.entries = std::move(*entries);
+
     VirtualHardware hardware;
     std::string error;
     const auto recording =

@@ -15,5 +15,9 @@ int runAnalyze(const QStringList& arguments);
 int runDevices(const QStringList& arguments);
 /// The readings of live input.
 int runListen(const QStringList& arguments);
+/// What a temperament file, a stretch table or a Scala file holds, as one object.
+int runTemperament(const QStringList& arguments);
+int runStretch(const QStringList& arguments);
+int runScala(const QStringList& arguments);
 
 } // namespace veltrano

@@ -9,10 +9,12 @@ HeadlessTuner::HeadlessTuner(AudioHardware& hardware, Output& output, const Setu
     : mHardware(hardware), mSetup(setup), mClock(std::make_unique<SteadyClock>()),
       mWriter(setup.hasRecordingClock ? &mRecordingClock : nullptr, mDisplay, output,
               setup.isTable),
-      mPreferences({mDefaults, mNotifications}),
+      mLibraries(setup.entries, mLog),
+      mPreferences({mDefaults, mNotifications, mLibraries.temperaments(), mLibraries.stretches()}),
       mRegistry(
           hardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog) {
     setup.options.applyTo(mPreferences);
+    mLibraries.chooseIn(mPreferences);
 }
 
 HeadlessTuner::~HeadlessTuner() = default;

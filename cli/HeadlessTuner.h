@@ -4,6 +4,7 @@
 
 #include "audio/AUUnitRegistry.h"
 #include "cli/ReadingWriter.h"
+#include "cli/SingleFileLibraries.h"
 #include "cli/TunerOptions.h"
 #include "engine/Controller.h"
 #include "engine/HeadlessDisplay.h"
@@ -25,6 +26,7 @@ public:
     /// How readings go out.
     struct Setup {
         TunerOptions options;
+        TuningEntries entries; ///< of the files of the options
         bool isTable = false;
         bool hasRecordingClock = false;      ///< the time is the recording's, not the machine's
         FrameRoad::Capacity frameCapacity{}; ///< room for what one block can complete
@@ -51,6 +53,7 @@ private:
     MainThread mMainThread;
     HeadlessDisplay mDisplay;
     ReadingWriter mWriter;
+    SingleFileLibraries mLibraries;
     Preferences mPreferences;
     AUUnitRegistry mRegistry;
     std::unique_ptr<Controller> mController;

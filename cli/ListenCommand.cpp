@@ -59,13 +59,16 @@ int runListen(const QStringList& arguments) {
     declareFormat(parser);
     if (const std::optional<int> done = parseCommand(parser, arguments)) return *done;
     QString error;
-    const std::optional<ListenOptions> options = read(parser, error);
+    std::optional<ListenOptions> options = read(parser, error);
     if (!options) {
         complain(error.toStdString() + ". See veltrano-cli listen --help.");
         return kWrongUsage;
     }
 
     StandardErrorLog log;
+    std::optional<TuningEntries> entries = readTuningEntries(options->setup.options.files, log);
+    if (!entries) return kRefused;
+    options->setup.entries = std::move(*entries);
     const std::unique_ptr<AudioHardware> hardware = liveHardware(log);
     Output output;
     HeadlessTuner tuner(*hardware, output, options->setup);

@@ -16,13 +16,25 @@ namespace {
 const QString kReferencePitch = QStringLiteral("reference-pitch");
 const QString kTonic = QStringLiteral("tonic");
 const QString kThreshold = QStringLiteral("threshold");
+const QString kTemperament = QStringLiteral("temperament");
+const QString kStretch = QStringLiteral("stretch");
 const QString kJson = QStringLiteral("json");
 const QString kTable = QStringLiteral("table");
+
+/// Also of an option that the command does not have.
+bool isGiven(const QCommandLineParser& parser, const QString& option) {
+    return parser.optionNames().contains(option);
+}
+
+std::optional<std::string> file(const QCommandLineParser& parser, const QString& option) {
+    if (!isGiven(parser, option)) return std::nullopt;
+    return wholePath(parser.value(option));
+}
 
 /// A whole number within limits, or an error.
 std::optional<int> wholeNumber(const QCommandLineParser& parser, const QString& option, int least,
                                int most, QString& error) {
-    if (!parser.isSet(option)) return std::nullopt;
+    if (!isGiven(parser, option)) return std::nullopt;
     bool isNumber = false;
     const int value = parser.value(option).toInt(&isNumber);
     if (isNumber && value >= least && value <= most) return value;
@@ -35,7 +47,7 @@ std::optional<int> wholeNumber(const QCommandLineParser& parser, const QString& 
 }
 
 std::optional<double> pitch(const QCommandLineParser& parser, QString& error) {
-    if (!parser.isSet(kReferencePitch)) return std::nullopt;
+    if (!isGiven(parser, kReferencePitch)) return std::nullopt;
     bool isNumber = false;
     const double hz = QLocale::c().toDouble(parser.value(kReferencePitch), &isNumber);
     // The tuner works with it in single precision.
@@ -48,11 +60,24 @@ std::optional<double> pitch(const QCommandLineParser& parser, QString& error) {
 
 } // namespace
 
-void TunerOptions::declare(QCommandLineParser& parser) {
+void TunerOptions::declareReferencePitch(QCommandLineParser& parser) {
     parser.addOption(
         {kReferencePitch, QStringLiteral("Frequency of A4 (440)."), QStringLiteral("HZ")});
+}
+
+void TunerOptions::declareTonic(QCommandLineParser& parser) {
     parser.addOption({kTonic, QStringLiteral("Root key of the temperament, 0 (C) to 11 (0)."),
                       QStringLiteral("0..11")});
+}
+
+void TunerOptions::declare(QCommandLineParser& parser) {
+    declareReferencePitch(parser);
+    parser.addOption({kTemperament,
+                      QStringLiteral("Temperament or Scala file (equal temperament)."),
+                      QStringLiteral("FILE")});
+    declareTonic(parser);
+    parser.addOption(
+        {kStretch, QStringLiteral("Stretch table (no stretch)."), QStringLiteral("FILE")});
     parser.addOption({kThreshold, QStringLiteral("Deviation that counts as in tune (3)."),
                       QStringLiteral("CENTS")});
 }
@@ -64,6 +89,7 @@ std::optional<TunerOptions> TunerOptions::read(const QCommandLineParser& parser,
     if (error.isEmpty()) options.tonic = wholeNumber(parser, kTonic, 0, 11, error);
     if (error.isEmpty()) options.inTuneThreshold = wholeNumber(parser, kThreshold, 0, 1000, error);
     if (!error.isEmpty()) return std::nullopt;
+    options.files = {file(parser, kTemperament), file(parser, kStretch)};
     return options;
 }
 

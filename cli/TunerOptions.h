@@ -2,6 +2,8 @@
 // The tuner's settings as options of a command.
 #pragma once
 
+#include "cli/TuningFiles.h"
+
 #include <QCommandLineParser>
 #include <QStringList>
 #include <optional>
@@ -16,13 +18,16 @@ struct TunerOptions {
     std::optional<double> referencePitchHz; ///< of A4
     std::optional<int> tonic;               ///< 0 (C) ... 11
     std::optional<int> inTuneThreshold;     ///< [cents] >= 0
+    TuningFileNames files;                  ///< not read yet
 
-    /// Declares the options on @p parser.
+    /// Declares all options on @p parser, or one.
     static void declare(QCommandLineParser& parser);
-    /// Reads them. On a bad value returns nullopt and sets @p error to one line.
+    static void declareReferencePitch(QCommandLineParser& parser);
+    static void declareTonic(QCommandLineParser& parser);
+    /// Reads those that are declared. On a bad value returns nullopt and sets @p error to one line.
     static std::optional<TunerOptions> read(const QCommandLineParser& parser, QString& error);
 
-    void applyTo(Preferences& preferences) const;
+    void applyTo(Preferences& preferences) const; ///< all but the files
 };
 
 /// Whether readings are wanted as JSON objects or as a table.

@@ -15,6 +15,10 @@ constexpr const char* kUsage = "Usage: veltrano-cli COMMAND [OPTIONS]\n"
                                "  analyze FILE   the readings of a recording\n"
                                "  listen         the readings of live input\n"
                                "  devices        the input and output devices\n"
+                               "  temperament FILE\n"
+                               "                 what a temperament file holds\n"
+                               "  stretch FILE   what a stretch table holds\n"
+                               "  scl FILE       what a Scala file holds\n"
                                "\n"
                                "Options:\n"
                                "  -h, --help     shows this help, or that of a command\n"
@@ -36,6 +40,9 @@ int main(int argc, char** argv) {
     if (command == QLatin1String("analyze")) return runAnalyze(arguments);
     if (command == QLatin1String("listen")) return runListen(arguments);
     if (command == QLatin1String("devices")) return runDevices(arguments);
+    if (command == QLatin1String("temperament")) return runTemperament(arguments);
+    if (command == QLatin1String("stretch")) return runStretch(arguments);
+    if (command == QLatin1String("scl")) return runScala(arguments);
 
     Output output;
     if (command == QLatin1String("--version") || command == QLatin1String("-v")) {

@@ -82,8 +82,11 @@ public:
 
     const std::string& folder() const { return mFolder; }
     const std::vector<Entry>& entries() const { return list(); }
-    /// The list is that one file from now on. @param path whole
-    void loadFile(std::string_view path) { load({std::string(path)}); }
+    /// The list is @p entry alone from now on; the folder is not looked at.
+    void hold(Entry entry) {
+        mList.emplace();
+        mList->push_back(std::move(entry));
+    }
 
     /// Null: there is none of that whole path. Holds until the list changes.
     const Entry* objectForPath(std::string_view path) const {

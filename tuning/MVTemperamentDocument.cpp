@@ -140,16 +140,20 @@ void MVTemperamentDocument::exportTemperament() {
                                   .folder = {},
                                   .proposedName = stem + ".scl",
                                   .type = {std::string(kScalaTypeName), "scl"}});
-    if (!path) return;
+    if (path) exportTemperamentTo(*path);
+}
+
+bool MVTemperamentDocument::exportTemperamentTo(const std::string& path) {
     // kept: the ratios are those to A, not those to the tonic
     const std::string bytes =
         ScalaScaleData::scaleDataWithName(name(), description(), mTemperament.ratios());
-    const auto error = writeFileAtomically(*path, bytes);
-    if (!error) return;
-    services().log.detail(*path + ": " + *error);
+    const auto error = writeFileAtomically(path, bytes);
+    if (!error) return true;
+    services().log.detail(path + ": " + *error);
     services().panels.alert("Unable to export Scala Scale File (.scl).",
-                            "Veltrano failed to export to a Scala Scale File (.scl) at " + *path +
+                            "Veltrano failed to export to a Scala Scale File (.scl) at " + path +
                                 ".");
+    return false;
 }
 
 } // namespace veltrano

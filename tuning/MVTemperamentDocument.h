@@ -56,6 +56,8 @@ public:
     /// Whether reading @p bytes gives this document again, to the decimals of a file.
     bool readsBack(std::string_view bytes) override;
     void exportTemperament(); ///< to a Scala file, with its panel
+    /// To that Scala file. False: failed, the user was told. @param path whole
+    bool exportTemperamentTo(const std::string& path);
     bool loadDataRepresentation(std::string_view bytes, std::string_view typeName) override;
 
 protected:

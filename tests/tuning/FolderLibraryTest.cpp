@@ -179,13 +179,13 @@ TEST_F(LibraryTest, NamesAreSortedInAnyCaseAndAnyLanguage) {
                                                 "2.temperament", "1.temperament"}));
 }
 
-TEST_F(LibraryTest, LibraryOfOneFile) {
+TEST_F(LibraryTest, LibraryOfOneEntry) {
     write("T/in folder.temperament", temperamentFile("in the folder"));
     auto t = temperaments();
-    t.loadFile(write("elsewhere/one.SCL", scalaFile("one")));
+    t.hold(*t.readScalaScaleFromFile(write("elsewhere/one.SCL", scalaFile("one"))));
     EXPECT_EQ(fileNames(t), Texts{"one.SCL"});
     auto s = stretches();
-    s.loadFile(write("elsewhere/one.stretch", stretchFile("one", 4)));
+    s.hold(*s.stretchDataAtPath(write("elsewhere/one.stretch", stretchFile("one", 4))));
     EXPECT_EQ(s.stretchForFileName("one.stretch").value()[57], 4);
 }
 

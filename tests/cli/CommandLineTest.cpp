@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // veltrano-cli as a process: output, errors, exit codes.
+#include "tests/cli/CommandRun.h"
+
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -13,21 +12,10 @@
 namespace veltrano {
 namespace {
 
-struct Result {
-    int exitCode = -1;
-    QByteArray output;
-    QByteArray errors;
-};
+using Result = CommandRun;
 
 Result run(const QStringList& arguments, const QStringList& environment = {}) {
-    QProcess process;
-    QStringList variables = QProcess::systemEnvironment();
-    variables += environment;
-    process.setEnvironment(variables);
-    process.start(QStringLiteral(VELTRANO_CLI), arguments);
-    EXPECT_TRUE(process.waitForFinished(60000));
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    return runCommand(arguments, environment);
 }
 
 /// A WAV header of one format chunk before raw sample bytes.
@@ -132,6 +120,63 @@ TEST_F(CommandLine, OptionsReachTheTuner) {
     EXPECT_TRUE(run({"analyze", file, "--reference-pitch", "415"}).output.contains("\"key\":58"));
 }
 
+TEST_F(CommandLine, TuningFilesReachTheTuner) {
+    const QString file = write("c5.wav", wav(1, 1, 44100, 16, sine16(523.25, 44100, 0.5)));
+    const QString temperament =
+        write("t.temperament", "\"C\"=\"11.5\";\"Eb\"=\"-20.5\";\"A\"=\"1.5\";");
+    const QString scale = write("t.SCL", "x\n12\n");
+    const QString stretch = write("s.stretch", "\"C5\"=\"2.25\";");
+    struct {
+        const char* name;
+        QStringList options;
+        double cents;   ///< of C5 against equal temperament, without the stretch
+        double stretch; ///< [cents]
+    } const cases[] = {
+        {"nothing", {}, 0, 0},
+        {"temperament", {"--temperament", temperament}, 10, 0},
+        // C is the degree of the file's A, A that of its F#: 0 and -1.5 once A is 0.
+        {"on another tonic", {"--temperament", temperament, "--tonic", "3"}, 1.5, 0},
+        {"the tonic first", {"--tonic", "3", "--temperament", temperament}, 1.5, 0},
+        // kept: ratios for cents, 1 on C and 2^(9/12) on A
+        {"scale", {"--temperament", scale}, 1 - std::exp2(0.75), 0},
+        {"stretch", {"--stretch", stretch}, 0, 2.25},
+        {"both", {"--temperament", temperament, "--stretch", stretch}, 10, 2.25},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Result result = run(QStringList{"analyze", file} + c.options);
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.errors, "");
+        const QByteArray line = result.output.trimmed().split('\n').last();
+        const QJsonObject frame = QJsonDocument::fromJson(line).object();
+        ASSERT_EQ(frame["key"].toInt(), 60);
+        EXPECT_NEAR(frame["ideal"].toDouble(), 440 * std::exp2((300 + c.cents + c.stretch) / 1200),
+                    1e-4);
+        EXPECT_EQ(frame["stretch"].toDouble(), c.stretch);
+    }
+}
+
+TEST_F(CommandLine, RefusedTuningFilesEndBeforeTheFirstReading) {
+    const QString file = write("a4.wav", wav(1, 1, 44100, 16, sine16(440, 44100, 0.5)));
+    const QString good = write("good.stretch", "");
+    const QStringList cases[] = {
+        {"analyze", file, "--temperament", mFolder.filePath("nothing")},
+        {"analyze", file, "--temperament", write("bad.temperament", "C=1")},
+        {"analyze", file, "--temperament", write("bad.scl", "x\n7\n")},
+        {"analyze", file, "--stretch", write("bad.stretch", "\"C0\"=\"51\";")},
+        {"analyze", file, "--stretch", good, "--temperament", mFolder.path()},
+        {"listen", "--seconds", "0", "--temperament", mFolder.filePath("nothing")},
+        {"listen", "--seconds", "0", "--stretch", mFolder.filePath("bad.stretch")},
+    };
+    for (const QStringList& arguments : cases) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const Result result = run(arguments);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.output, "");
+        EXPECT_EQ(result.reasons().size(), 1) << result.errors.toStdString();
+    }
+}
+
 TEST_F(CommandLine, TheTableHasALinePerNote) {
     const QByteArray tune =
         sine16(440, 44100, 1) + sine16(523.25, 44100, 1) + sine16(440, 44100, 1);
@@ -220,7 +265,8 @@ TEST_F(CommandLine, WrongUsageExitsWithTwo) {
 
 TEST_F(CommandLine, HelpAndVersionOnEveryCommand) {
     for (const QStringList& command :
-         {QStringList{}, QStringList{"analyze"}, QStringList{"listen"}, QStringList{"devices"}}) {
+         {QStringList{}, QStringList{"analyze"}, QStringList{"listen"}, QStringList{"devices"},
+          QStringList{"temperament"}, QStringList{"stretch"}, QStringList{"scl"}}) {
         const Result help = run(command + QStringList{"--help"});
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_TRUE(help.output.startsWith("Usage: ")) << help.output.toStdString();

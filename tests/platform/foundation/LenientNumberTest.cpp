@@ -123,6 +123,55 @@ TEST(LenientInt, ReadsTheWholeNumberAtTheStart) {
         EXPECT_EQ(lenientInt(test.text), test.expected) << test.text;
 }
 
+TEST(LenientWhole, ReadsDigitsOfAnyLength) {
+    const struct {
+        std::string text;
+        double expected;
+    } cases[] = {
+        {"3", 3},
+        {" \u00A0+3", 3},
+        {"-3", -3},
+        {"3.9", 3},
+        {"3e2", 3},
+        {"12 x", 12},
+        {"", 0},
+        {"x", 0},
+        {".5", 0},
+        {"- 3", 0},
+        {"2147483648", 2147483648.0},
+        {"9007199254740993", 9007199254740992.0}, // a tie goes to the even one
+        {"9007199254740995", 9007199254740996.0},
+        {"18446744073709551616", 18446744073709551616.0},
+        {"1" + std::string(300, '0'), 1e300},
+        {"-1" + std::string(300, '0'), -1e300},
+        {std::string(1000, '0') + "7", 7},
+        {"1" + std::string(400, '0'), kInfinity},
+        {"-1" + std::string(400, '0'), -kInfinity},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(lenientWhole(test.text), test.expected) << test.text;
+}
+
+TEST(LenientNumbers, WhiteSpaceBeforeThemIsThatOfUnicode) {
+    EXPECT_EQ(lenientDouble("\u2003\u00A0\u0085\u2028 1.5"), 1.5);
+    EXPECT_EQ(lenientInt("\u3000\v\f12"), 12);
+    EXPECT_EQ(lenientDouble("\u200B1.5"), 0) << "no white space";
+}
+
+TEST(SignedDecimals, AlwaysHasItsSign) {
+    const struct {
+        double value;
+        std::string expected;
+    } cases[] = {
+        {0, "+0.000"},        {-0.0, "-0.000"},    {1, "+1.000"},      {-12.5, "-12.500"},
+        {0.0005, "+0.001"},   {-0.0004, "-0.000"}, {0.0004, "+0.000"}, {50, "+50.000"},
+        {0.0625, "+0.062"},   {0.1875, "+0.188"}, // ties go to the even digit
+        {49.9995, "+49.999"},                     // the double lies below the half
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(signedDecimals(test.value, 3), test.expected);
+}
+
 TEST(FixedDecimals, HasRoomForTheLargestDouble) {
     const std::string text = fixedDecimals(std::numeric_limits<double>::max(), 3);
     EXPECT_EQ(text.size(), 309u + 4u);

@@ -204,6 +204,26 @@ TEST_F(TuningCommands, AnOutputThatCannotBeWrittenIsAFailure) {
     }
 }
 
+TEST_F(TuningCommands, WhatWouldNotReadBackIsNotWritten) {
+    // A carriage return ends the comment in a stretch table's first line.
+    const QString broken = write("s.stretch", "\"Name\"=\"one\\rtwo\";");
+    // On E flat, 30 is taken off each degree until the eleventh fails; the twelfth keeps its 25,
+    // which is 55 above the tenth.
+    const QString wide = write("w.temperament", "\"F#\"=\"30\";\"Bb\"=\"-40\";\"B\"=\"25\";");
+    const QStringList cases[] = {
+        {"stretch", broken, "--write", at("out")},
+        {"temperament", wide, "--tonic", "3", "--write", at("out")},
+    };
+    for (const QStringList& arguments : cases) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const CommandRun result = runCommand(arguments);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.object()["accepted"], true) << "it is the writing that failed";
+        EXPECT_TRUE(result.reasons().last().contains("not written")) << result.errors.toStdString();
+        EXPECT_FALSE(QFile::exists(at("out")));
+    }
+}
+
 TEST_F(TuningCommands, FilesThatAreRefused) {
     QByteArray latin1 = temperamentFile(kCents);
     latin1.replace("Trial", "Tri\xE4l");

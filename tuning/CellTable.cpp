@@ -144,8 +144,7 @@ void CellTable::didEndEditing(const QModelIndex& at, Ending ending) {
     const std::optional<CellPosition> to =
         isByColumn ? nextCell(from, ending == Ending::goBack)
                    : neighbour(from, ending == Ending::previousCell ? -1 : 1);
-    setFocus();
-    if (!to) return;
+    if (!to) return; // the table has the focus again
     const QModelIndex next = model()->index(to->row, to->column);
     setCurrentIndex(next);
     if (mayEdit(*to)) edit(next);

@@ -21,9 +21,9 @@ EditorField::EditorField(QPlainTextEdit& text, std::function<void(const TextOutl
     : QObject(&text), mLine(nullptr), mText(&text) {
     text.setUndoRedoEnabled(false);
     text.installEventFilter(this);
-    connect(&text, &QPlainTextEdit::textChanged, this, [this, didType = std::move(didType)] {
-        if (!mIsFilling) didType(*this);
-    });
+    // Also when the document fills it, which the document knows.
+    connect(&text, &QPlainTextEdit::textChanged, this,
+            [this, didType = std::move(didType)] { didType(*this); });
 }
 
 QWidget& EditorField::widget() const {
@@ -40,9 +40,7 @@ void EditorField::setText(std::string_view utf8) {
         return;
     }
     const int cursor = mText->textCursor().position();
-    mIsFilling = true;
     mText->setPlainText(text);
-    mIsFilling = false;
     QTextCursor restored = mText->textCursor();
     restored.setPosition(std::min(cursor, static_cast<int>(text.size())));
     mText->setTextCursor(restored);
@@ -59,10 +57,10 @@ void EditorField::setTip(std::string_view tip) {
 void EditorField::setHidden(bool hidden) { widget().setHidden(hidden); }
 
 bool EditorField::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            event->ignore(); // so that it reaches the menu
+            event->ignore(); // it goes on to the menu
             return true;
         }
     }

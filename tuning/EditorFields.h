@@ -35,7 +35,6 @@ private:
 
     QLineEdit* const mLine;
     QPlainTextEdit* const mText;
-    bool mIsFilling = false; ///< the document writes, nobody types
 };
 
 } // namespace veltrano

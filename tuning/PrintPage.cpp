@@ -55,10 +55,7 @@ double PrintPage::paintTexts(QPainter& painter, const QRectF& area) const {
     constexpr int kFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
     const QRectF room(area.left(), y, area.width(), area.height() * kDescriptionShare);
     const QRectF taken = painter.boundingRect(room, kFlags, printDescription);
-    painter.save();
-    painter.setClipRect(room);
-    painter.drawText(room, kFlags, printDescription);
-    painter.restore();
+    painter.drawText(room, kFlags, printDescription); // what is longer is cut
     return y + std::min(taken.height(), room.height()) + kGap;
 }
 
@@ -81,7 +78,7 @@ void PrintPage::paintTable(QPainter& painter, const QRectF& area) const {
     painter.setFont(font);
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const double y = area.top() + kRowHeight * (static_cast<double>(row) + 1);
-        painter.setPen(QPen(CentGraph::grid(), kRuleWidth));
+        painter.setPen(QPen(CentGraph::grid(), kRuleWidth, Qt::SolidLine, Qt::FlatCap));
         painter.drawLine(QLineF(area.left(), y, area.right(), y));
         painter.setPen(Qt::black);
         paintRow(rows[row], y);

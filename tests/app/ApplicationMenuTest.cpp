@@ -8,7 +8,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QPointer>
+#include <QTableWidget>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -106,6 +106,28 @@ TEST_F(ApplicationMenuTest, EveryItemHasAMnemonicOfItsOwnAndNoKeysClash) {
     }
     EXPECT_EQ(keys.removeDuplicates(), 0);
     EXPECT_TRUE(keys.contains("Ctrl+S") && keys.contains("Ctrl+Q") && keys.contains("Ctrl+Z"));
+}
+
+TEST_F(ApplicationMenuTest, ACellThatIsBeingTypedIntoIsTakenOverBeforeACommand) {
+    auto* table = new QTableWidget(1, 1);
+    table->setItem(0, 0, new QTableWidgetItem("old"));
+    window.setCentralWidget(table);
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    const auto typeInto = [table](const char* text) {
+        table->editItem(table->item(0, 0));
+        auto* line = table->findChild<QLineEdit*>();
+        line->setFocus();
+        line->setText(text);
+    };
+    first.states = {{MenuCommand::save, {}}, {MenuCommand::copy, {}}};
+    typeInto("new");
+    menu.action(MenuCommand::save)->trigger();
+    EXPECT_EQ(table->item(0, 0)->text(), "new");
+    typeInto("newer");
+    menu.action(MenuCommand::copy)->trigger();
+    EXPECT_EQ(table->item(0, 0)->text(), "new") << "the field may want to be copied from";
 }
 
 TEST_F(ApplicationMenuTest, RecentFilesAreListedOpenedAndForgotten) {

@@ -246,6 +246,19 @@ TEST_F(EditorsTest, FieldsShowAndTakeTexts) {
     EXPECT_NE(QApplication::focusWidget(), description) << "Tab leaves the field";
 }
 
+TEST_F(EditorsTest, UndoWhileTypingIsTheDocuments) {
+    temperament();
+    EXPECT_FALSE(editor->findChild<QPlainTextEdit*>("descriptionField")->isUndoRedoEnabled());
+    for (const char* name : {"nameField", "descriptionField"}) {
+        auto* field = editor->findChild<QWidget*>(name);
+        field->setFocus();
+        type("x");
+        press(Qt::Key_Z, Qt::ControlModifier);
+        press(Qt::Key_Right);
+    }
+    EXPECT_EQ(document->name() + document->description(), "xx") << "the keys are left to a menu";
+}
+
 TEST_F(EditorsTest, EverythingHasAName) {
     temperament();
     for (QWidget* widget : editor->findChildren<QWidget*>()) {
@@ -291,6 +304,24 @@ TEST_F(EditorsTest, WithoutItsInterfaceFileThereIsOneLogLineAndNoEditor) {
     EXPECT_FALSE(
         TemperamentEditor::create(ResourceFolder(QStringLiteral("/nowhere")), *document, log));
     EXPECT_EQ(log.lines.size(), 1u);
+}
+
+TEST_F(EditorsTest, AnInterfaceFileThatLacksAControlIsRefused) {
+    document = std::make_unique<MVTemperamentDocument>(temperamentPorts());
+    std::ifstream shipped(VELTRANO_SOURCE_RESOURCES "/TemperamentDocument.ui");
+    const std::string whole((std::istreambuf_iterator<char>(shipped)), {});
+    for (const char* name : {"nameField", "descriptionField", "table", "graph"}) {
+        std::string lacking = whole;
+        const std::string quoted = std::string("name=\"") + name + '"';
+        const auto at = lacking.find(quoted);
+        ASSERT_NE(at, std::string::npos);
+        lacking.replace(at, quoted.size(), "name=\"other\"");
+        write("TemperamentDocument.ui", lacking);
+        const ResourceFolder folder(QString::fromStdString(path("")));
+        EXPECT_FALSE(TemperamentEditor::create(folder, *document, log)) << name;
+        ASSERT_FALSE(log.lines.empty());
+        EXPECT_NE(log.lines.back().find(name), std::string::npos) << log.lines.back();
+    }
 }
 
 } // namespace

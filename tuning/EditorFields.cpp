@@ -10,6 +10,19 @@
 
 namespace veltrano {
 
+namespace {
+
+/// Where in @p now the part ends in which it differs from @p before.
+int endOfChange(const QString& before, const QString& now) {
+    const auto shorter = std::min(before.size(), now.size());
+    qsizetype alike = 0;
+    while (alike < shorter && before[before.size() - 1 - alike] == now[now.size() - 1 - alike])
+        ++alike;
+    return static_cast<int>(now.size() - alike);
+}
+
+} // namespace
+
 EditorField::EditorField(QLineEdit& line, std::function<void(const TextOutlet&)> didType)
     : QObject(&line), mLine(&line), mText(nullptr) {
     line.installEventFilter(this);
@@ -34,16 +47,16 @@ QWidget& EditorField::widget() const {
 void EditorField::setText(std::string_view utf8) {
     const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     if (mLine) {
-        const int cursor = mLine->cursorPosition();
+        const int cursor = endOfChange(mLine->text(), text);
         mLine->setText(text);
-        mLine->setCursorPosition(cursor); // clipped to the text
-        return;
+        mLine->setCursorPosition(cursor);
+    } else {
+        const int cursor = endOfChange(mText->toPlainText(), text);
+        mText->setPlainText(text);
+        QTextCursor restored = mText->textCursor();
+        restored.setPosition(cursor);
+        mText->setTextCursor(restored);
     }
-    const int cursor = mText->textCursor().position();
-    mText->setPlainText(text);
-    QTextCursor restored = mText->textCursor();
-    restored.setPosition(std::min(cursor, static_cast<int>(text.size())));
-    mText->setTextCursor(restored);
 }
 
 std::string EditorField::text() const {

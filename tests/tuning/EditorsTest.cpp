@@ -246,6 +246,23 @@ TEST_F(EditorsTest, FieldsShowAndTakeTexts) {
     EXPECT_NE(QApplication::focusWidget(), description) << "Tab leaves the field";
 }
 
+TEST_F(EditorsTest, UndoAndRedoPutTheCursorBehindWhatChanged) {
+    temperament();
+    ASSERT_TRUE(document->loadDataRepresentation("\"Name\"=\"Young\";\"Description\"=\"Young\";",
+                                                 kTemperamentTypeName));
+    for (const char* name : {"nameField", "descriptionField"}) {
+        auto* field = editor->findChild<QWidget*>(name);
+        field->setFocus();
+        press(Qt::Key_Home);
+        type("A");
+        document->undo();
+        document->redo();
+        type("n ");
+    }
+    EXPECT_EQ(document->name(), "An Young");
+    EXPECT_EQ(document->description(), "An Young");
+}
+
 TEST_F(EditorsTest, UndoWhileTypingIsTheDocuments) {
     temperament();
     EXPECT_FALSE(editor->findChild<QPlainTextEdit*>("descriptionField")->isUndoRedoEnabled());

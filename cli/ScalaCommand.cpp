@@ -4,6 +4,7 @@
 #include "cli/FileCommand.h"
 #include "cli/HeadlessDesk.h"
 #include "cli/TuningJson.h"
+#include "platform/desktop/AtomicFile.h"
 #include "platform/foundation/StandardErrorLog.h"
 
 namespace veltrano {
@@ -19,11 +20,19 @@ void writeRefusedScale(Output& output, const ScalaScaleData& scale) {
                          {"settingsTable", QJsonValue()}});
 }
 
-/// Saves the imported scale. @param isLoaded whether the document could take it
-bool save(MVTemperamentDocument& document, bool isLoaded, const std::string& path) {
-    if (isLoaded) return saveCopy(document, path);
-    complain(path + ": not written, because the scale does not fit a temperament.");
-    return false;
+/// Saves the imported scale, but never onto its own file.
+/// @param isLoaded whether the document could take it
+bool save(MVTemperamentDocument& document, bool isLoaded, const std::string& path,
+          const std::string& scalePath) {
+    if (!isLoaded) {
+        complain(path + ": not written, because the scale does not fit a temperament.");
+        return false;
+    }
+    if (FileStamp::of(path) == FileStamp::of(scalePath)) {
+        complain(path + ": not written, because it is the Scala file itself.");
+        return false;
+    }
+    return saveCopy(document, path);
 }
 
 } // namespace
@@ -60,7 +69,8 @@ int runScala(const QStringList& arguments) {
                          {"document", isLoaded ? documentJson(document.values()) : QJsonValue()},
                          {"settingsTable", numbersJson(desk.preferences().temperamentTable())}});
     if (!request->writePath) return kDone;
-    return save(document, isLoaded, *request->writePath) ? kDone : kRefused;
+    const bool isSaved = save(document, isLoaded, *request->writePath, request->path);
+    return isSaved ? kDone : kRefused;
 }
 
 } // namespace veltrano

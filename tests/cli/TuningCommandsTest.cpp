@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// veltrano-cli temperament, stretch and scl as processes.
-#include "tests/cli/CommandRun.h"
+// veltrano-cli temperament and stretch as processes.
+#include "tests/cli/TuningCommandsBase.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
-#include <array>
-#include <cmath>
-#include <vector>
 
 namespace veltrano {
 namespace {
-
-constexpr const char* kOutOfRange =
-    "Temperament value is out of range. It has to be between -50 and +50 cents.";
 
 /// Cents from C on, as a file says them.
 QByteArray temperamentFile(const std::vector<QByteArray>& cents) {
@@ -30,52 +21,14 @@ QByteArray temperamentFile(const std::vector<QByteArray>& cents) {
 const std::vector<QByteArray> kCents{"11.5", "1.25", "3", "5", "-2",  "9",
                                      "-4",   "7",    "4", "2", "6.5", "-10"};
 
-std::vector<double> numbers(const QJsonValue& value) {
-    std::vector<double> result;
-    for (const QJsonValue number : value.toArray())
-        result.push_back(number.isDouble() ? number.toDouble() : std::nan(""));
-    return result;
-}
-
-QStringList keys(const QJsonObject& object) { return object.keys(); } // sorted
-
-class TuningCommands : public testing::Test {
-protected:
-    QString write(const char* name, const QByteArray& bytes) {
-        const QString path = mFolder.filePath(QString::fromUtf8(name));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-    QByteArray read(const QString& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-        return file.readAll();
-    }
-    QString at(const char* name) const { return mFolder.filePath(QString::fromUtf8(name)); }
-    QString scale(const QByteArray& pitches) {
-        return write("trial.scl", "! trial.scl\n!\n a scale \n 12\n!\n" + pitches);
-    }
-
-    QTemporaryDir mFolder;
-};
-
-void expectNear(const std::vector<double>& actual, const std::vector<double>& expected,
-                double tolerance) {
-    ASSERT_EQ(actual.size(), expected.size());
-    for (std::size_t i = 0; i < actual.size(); ++i)
-        EXPECT_NEAR(actual[i], expected[i], tolerance) << "number " << i;
-}
-
 TEST_F(TuningCommands, ATemperamentInC) {
     const CommandRun result =
         runCommand({"temperament", write("t.temperament", temperamentFile(kCents))});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
     const QJsonObject object = result.object();
-    EXPECT_EQ(keys(object), (QStringList{"accepted", "cents", "description", "document", "name",
-                                         "settingsTable"}));
+    EXPECT_EQ(object.keys(), (QStringList{"accepted", "cents", "description", "document", "name",
+                                          "settingsTable"}));
     EXPECT_EQ(object["accepted"], true);
     EXPECT_EQ(object["name"], "Trial");
     EXPECT_EQ(object["description"], "made up");
@@ -84,7 +37,7 @@ TEST_F(TuningCommands, ATemperamentInC) {
     EXPECT_EQ(numbers(object["settingsTable"]), shifted);
 
     const QJsonObject document = object["document"].toObject();
-    EXPECT_EQ(keys(document), (QStringList{"cents", "hertz", "ratios", "rows", "tonic"}));
+    EXPECT_EQ(document.keys(), (QStringList{"cents", "hertz", "ratios", "rows", "tonic"}));
     EXPECT_EQ(document["tonic"], 0);
     EXPECT_EQ(numbers(document["cents"]), shifted);
     const std::vector<double> ratios = numbers(document["ratios"]);
@@ -147,7 +100,7 @@ TEST_F(TuningCommands, AValueThatATonicShiftsOutOfRange) {
     EXPECT_EQ(result.exitCode, 0);
     ASSERT_FALSE(result.reasons().isEmpty());
     for (const QByteArray& line : result.reasons())
-        EXPECT_EQ(line, kOutOfRange);
+        EXPECT_EQ(line, kTemperamentOutOfRange);
     // The rows before the failing one are shifted, the others are not.
     const std::vector<double> table{-29, -28, -27, -26, -25, -40, 30, 7, 8, 0, 10, 11};
     const QJsonObject object = result.object();
@@ -243,7 +196,8 @@ TEST_F(TuningCommands, FilesThatAreRefused) {
         {"byte-order mark", "temperament", write("b", "\xEF\xBB\xBF" + temperamentFile(kCents)),
          "Temperament data is invalid."},
         {"no semicolon", "temperament", write("n", "\"C\"=\"1\""), "Temperament data is invalid."},
-        {"out of range", "temperament", write("o", "\"C\"=\"50.5\";\"A\"=\"-0.5\";"), kOutOfRange},
+        {"out of range", "temperament", write("o", "\"C\"=\"50.5\";\"A\"=\"-0.5\";"),
+         kTemperamentOutOfRange},
         {"stretch missing", "stretch", at("nothing"), "No such file"},
         {"stretch too large", "stretch", huge, "larger than 64 MB"},
         {"stretch is a text", "stretch", write("t", "C0 = 1"), "Stretch data is invalid."},
@@ -261,6 +215,24 @@ TEST_F(TuningCommands, FilesThatAreRefused) {
         EXPECT_FALSE(object["document"].isObject());
         ASSERT_EQ(result.reasons().size(), 1) << result.errors.toStdString();
         EXPECT_TRUE(result.reasons().first().contains(c.reason)) << result.errors.toStdString();
+    }
+}
+
+TEST_F(TuningCommands, ObjectsOfRefusedFilesHaveAllKeys) {
+    const struct {
+        const char* command;
+        QStringList keys;
+    } cases[] = {
+        {"temperament", {"accepted", "cents", "description", "document", "name", "settingsTable"}},
+        {"stretch", {"accepted", "description", "name", "stretch"}},
+        {"scl", {"accepted", "description", "document", "error", "ratios", "settingsTable"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.command);
+        const QJsonObject object = runCommand({c.command, at("nothing")}).object();
+        EXPECT_EQ(object.keys(), c.keys);
+        for (const QString& key : c.keys)
+            EXPECT_TRUE(key == "accepted" || object[key].isNull()) << key.toStdString();
     }
 }
 
@@ -282,7 +254,7 @@ TEST_F(TuningCommands, AStretchTable) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.errors, "");
     const QJsonObject object = result.object();
-    EXPECT_EQ(keys(object), (QStringList{"accepted", "description", "name", "stretch"}));
+    EXPECT_EQ(object.keys(), (QStringList{"accepted", "description", "name", "stretch"}));
     EXPECT_EQ(object["name"], "Grand");
     EXPECT_TRUE(object["description"].isNull());
     std::vector<double> expected(108, 0);
@@ -296,127 +268,6 @@ TEST_F(TuningCommands, AStretchTable) {
                                  "\"Description\"=\"\";\n\n\"C0\"=\"-50.000\";\n"));
     EXPECT_TRUE(bytes.endsWith("\"B8\"=\"+50.000\";\n\n"));
     EXPECT_EQ(numbers(runCommand({"stretch", saved}).object()["stretch"]), expected);
-}
-
-TEST_F(TuningCommands, AScale) {
-    const CommandRun result = runCommand(
-        {"scl", scale("16/15\n9/8\n6/5 minor third\n5/4\n4/3\n45/32\n3/2\n8/5\n5/3\n9/5\n15/8\n"
-                      "2/1\n")});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "");
-    const QJsonObject object = result.object();
-    EXPECT_EQ(keys(object), (QStringList{"accepted", "description", "document", "error", "ratios",
-                                         "settingsTable"}));
-    EXPECT_EQ(object["accepted"], true);
-    EXPECT_TRUE(object["error"].isNull());
-    EXPECT_EQ(object["description"], "a scale");
-    const std::vector<double> ratios{1,        16. / 15, 9. / 8, 6. / 5, 5. / 4, 4. / 3,
-                                     45. / 32, 3. / 2,   8. / 5, 5. / 3, 9. / 5, 15. / 8};
-    EXPECT_EQ(numbers(object["ratios"]), ratios);
-
-    // The tuner takes the ratios for cents.
-    std::vector<double> table;
-    for (const double ratio : ratios)
-        table.push_back(ratio - 5. / 3);
-    EXPECT_EQ(numbers(object["settingsTable"]), table);
-
-    const std::vector<double> hertz = numbers(object["document"].toObject()["hertz"]);
-    std::vector<double> expected;
-    for (const double ratio : ratios)
-        expected.push_back(ratio * 264);
-    expectNear(hertz, expected, 1e-9);
-}
-
-TEST_F(TuningCommands, AScaleOnAnotherTonic) {
-    const QString file = scale("16/15\n9/8\n6/5\n5/4\n4/3\n45/32\n3/2\n8/5\n5/3\n9/5\n15/8\n2/1\n");
-    const QJsonObject object = runCommand({"scl", file, "--tonic", "3"}).object();
-    const QJsonObject document = object["document"].toObject();
-    EXPECT_EQ(document["rows"].toArray().first(), "Eb (PU)");
-    const std::vector<double> hertz = numbers(document["hertz"]);
-    ASSERT_EQ(hertz.size(), 12u);
-    const double tonicHz = 440 / (45. / 32);
-    EXPECT_NEAR(hertz[0], tonicHz, 1e-9);
-    EXPECT_NEAR(hertz[6], 440, 1e-9);
-    EXPECT_NEAR(hertz[8], tonicHz * 8 / 5, 1e-9) << "B4";
-    EXPECT_NEAR(hertz[9], tonicHz * 5 / 3 / 2, 1e-9) << "C4, an octave down";
-    EXPECT_EQ(numbers(object["settingsTable"])[6], 0);
-}
-
-TEST_F(TuningCommands, ScalesThatFitNoDocument) {
-    const QString plain = scale("");
-    for (const char* tonic : {"10", "11"}) { // kept: Bb and B never fit
-        SCOPED_TRACE(tonic);
-        const CommandRun result = runCommand({"scl", plain, "--tonic", tonic});
-        EXPECT_EQ(result.exitCode, 0);
-        const QJsonObject object = result.object();
-        EXPECT_EQ(object["accepted"], true);
-        EXPECT_TRUE(object["document"].isNull());
-        EXPECT_EQ(numbers(object["settingsTable"]).size(), 12u);
-        EXPECT_EQ(result.reasons(), QList<QByteArray>{kOutOfRange});
-    }
-    EXPECT_TRUE(runCommand({"scl", plain, "--tonic", "9"}).object()["document"].isObject());
-
-    const CommandRun wide = runCommand({"scl", scale("151\n"), "--write", at("out")});
-    EXPECT_TRUE(wide.object()["document"].isNull());
-    EXPECT_EQ(wide.exitCode, 1) << "there is nothing to write";
-    EXPECT_FALSE(QFile::exists(at("out")));
-}
-
-TEST_F(TuningCommands, OddLinesOfScales) {
-    const auto firstRatio = [this](const QByteArray& pitches) {
-        const auto ratios = numbers(runCommand({"scl", scale(pitches)}).object()["ratios"]);
-        return ratios.size() == 12 ? ratios[1] : 0;
-    };
-    EXPECT_EQ(firstRatio("2\n"), std::pow(2.0, 2 / 1200.)) << "2 cents";
-    EXPECT_EQ(firstRatio("100.0\n"), std::pow(2.0, 100 / 1200.));
-    EXPECT_EQ(firstRatio("100.0 cents ! semitone\n"), std::pow(2.0, 100 / 1200.));
-    EXPECT_EQ(firstRatio("3 above/2 below\n"), 1.5);
-    EXPECT_EQ(firstRatio("16/15\r9/8\x85"
-                         "6/5"),
-              16. / 15);
-}
-
-TEST_F(TuningCommands, ScalesThatAreRefused) {
-    const struct {
-        const char* name;
-        QByteArray bytes;
-        QJsonValue error;
-    } cases[] = {
-        {"seven notes", "x\n7\n", "Veltrano only supports 12-note scales."},
-        {"no ratio", "x\n12\n3/0\n", "Invalid \"ratio\" value in Scala Scale file (.scl)."},
-        {"a word above", "x\n12\na/2\n", "Invalid \"ratio\" value in Scala Scale file (.scl)."},
-        {"no cents", "x\n12\n0.0\n", "Invalid \"cent\" value in Scala Scale file (.scl)."},
-        {"an empty line", "x\n12\n\n100.0\n", QJsonValue()},
-        {"an empty first line", "\nx\n12\n", QJsonValue()},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        const CommandRun result = runCommand({"scl", write("bad.scl", c.bytes)});
-        EXPECT_EQ(result.exitCode, 1);
-        const QJsonObject object = result.object();
-        EXPECT_EQ(object["accepted"], false);
-        EXPECT_TRUE(object.contains("error"));
-        EXPECT_EQ(object["error"], c.error);
-        EXPECT_EQ(result.reasons().size(), 1) << result.errors.toStdString();
-    }
-}
-
-TEST_F(TuningCommands, AScaleOfCommentsIsEqualTemperament) {
-    const QJsonObject object = runCommand({"scl", write("c.scl", "! nothing\n!\n")}).object();
-    EXPECT_EQ(object["accepted"], true);
-    EXPECT_TRUE(object["description"].isNull());
-    for (int degree = 0; degree < 12; ++degree) {
-        EXPECT_EQ(numbers(object["ratios"])[std::size_t(degree)], std::pow(2.0, degree / 12.0));
-    }
-}
-
-TEST_F(TuningCommands, AScaleIsWrittenAsImportNamesIt) {
-    const QString saved = at("saved.temperament");
-    EXPECT_EQ(runCommand({"scl", scale("90.225\n"), "--write", saved}).exitCode, 0);
-    const QJsonObject object = runCommand({"temperament", saved}).object();
-    EXPECT_EQ(object["name"], "trial.scl");
-    EXPECT_EQ(object["description"], "a scale");
-    EXPECT_NEAR(numbers(object["cents"])[1], -9.775, 1e-9);
 }
 
 TEST_F(TuningCommands, WrongUsageExitsWithTwo) {

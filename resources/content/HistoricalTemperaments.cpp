@@ -36,8 +36,7 @@ List pureFifths() {
         {"Ramos de Pareja",
          "Bartolomeo Ramos de Pareja, Musica practica, 1482: two chains of pure fifths, A flat to "
          "G and D to C sharp, with G - D narrow by a syntonic comma; pure major thirds on B flat, "
-         "F, C "
-         "and G.",
+         "F, C and G.",
          notesOf(ramos)},
         {"Grammateus",
          "Heinrich Schreyber (Grammateus), Ayn new kunstlich Buech, 1518: white keys in pure "
@@ -112,8 +111,7 @@ List werckmeister() {
                              wideThird, third, pure})},
         {"Werckmeister V",
          "Andreas Werckmeister, 1691, no. V: D - A, A - E, F sharp - C sharp, C sharp - G sharp "
-         "and "
-         "F - C narrow by a quarter of a Pythagorean comma, G sharp - E flat wide by it.",
+         "and F - C narrow by a quarter of a Pythagorean comma, G sharp - E flat wide by it.",
          notesOf(FifthCircle{pure, pure, quarter, quarter, pure, pure, quarter, quarter,
                              wideQuarter, pure, pure, quarter})},
         {"Werckmeister VI",
@@ -189,8 +187,7 @@ List wellTempered() {
     return {
         {"Bendeler III",
          "Johann Philipp Bendeler, Organopoeia, about 1690, third method: C - G, G - D, E - B and "
-         "G "
-         "sharp - E flat narrow by a quarter of a Pythagorean comma, the others pure.",
+         "G sharp - E flat narrow by a quarter of a Pythagorean comma, the others pure.",
          notesOf(FifthCircle{quarter, quarter, pure, pure, quarter, pure, pure, pure, quarter, pure,
                              pure, pure})},
         {"Rameau",

@@ -172,6 +172,10 @@ void TuningDocument::documentDidSave(bool didSave) {
 
 void TuningDocument::documentDidRevert() { postEdited(); }
 
+std::function<void()> TuningDocument::stateRestorer() {
+    return [this, now = state()] { restore(now); };
+}
+
 bool TuningDocument::hasTexts(const std::optional<std::string>& name,
                               const std::optional<std::string>& description) const {
     return name.value_or("") == this->name() && description.value_or("") == this->description();
@@ -191,13 +195,20 @@ void TuningDocument::restore(const State& state) {
     mDescriptionString = state.descriptionString;
     show(state.shown);
     updateUI();
-    postEdited();
 }
 
 EditStep TuningDocument::stepFrom(std::string_view editName, State before) {
     return {.name = std::string(editName),
-            .undo = [this, before = std::move(before)] { restore(before); },
-            .redo = [this, after = state()] { restore(after); },
+            .undo =
+                [this, before = std::move(before)] {
+                    restore(before);
+                    postEdited();
+                },
+            .redo =
+                [this, after = state()] {
+                    restore(after);
+                    postEdited();
+                },
             .run = 0};
 }
 

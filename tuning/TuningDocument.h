@@ -86,6 +86,7 @@ protected:
 
     void documentDidSave(bool didSave) override;
     void documentDidRevert() override;
+    std::function<void()> stateRestorer() override;
 
     virtual std::string_view pasteboardType() const = 0;
     /// A function that gives the table the values that it has now.

@@ -197,9 +197,9 @@ bool Document::revertDocumentToSaved() {
             text("Your changes will be lost."), text("Revert")))
         return false;
     // A file that is refused half-way must not leave half of its values.
-    const std::string before = dataRepresentationOfType(mFileType.name);
+    const std::function<void()> restoreState = stateRestorer();
     if (reload()) return true;
-    loadDataRepresentation(before, mFileType.name);
+    restoreState();
     mServices.panels.alert(text("“%1” could not be read.", displayName()),
                            text("It is no longer there, or it is damaged. Your changes are kept."));
     return false;

@@ -99,6 +99,9 @@ protected:
     virtual bool writeToFile(const std::string& path, std::string_view typeName,
                              const std::string& originalPath, SaveOperation operation);
     virtual void documentDidSave(bool didSave) { static_cast<void>(didSave); }
+    /// A function that puts back what the document holds now, bit for bit, also what no file can
+    /// keep. It is called, if at all, before anything but a refused load has happened.
+    virtual std::function<void()> stateRestorer() = 0;
     /// After revert and after a close that discards edits: the values are those of the file again.
     virtual void documentDidRevert() {}
 

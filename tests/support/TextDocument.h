@@ -33,6 +33,9 @@ public:
     std::vector<std::string> happened{}; ///< hooks in their order
 
 protected:
+    std::function<void()> stateRestorer() override {
+        return [this, now = text] { text = now; };
+    }
     bool readsBack(std::string_view) override { return isFaithful; }
     void documentDidSave(bool didSave) override {
         happened.emplace_back(didSave ? "saved" : "not saved");

@@ -107,6 +107,31 @@ TEST_F(DocumentSavingTest, FailedSaveTellsNothing) {
     EXPECT_EQ(takePosted(), Texts{}) << "nor of the file it has";
 }
 
+TEST_F(DocumentSavingTest, RefusedRevertKeepsWhatNoFileCanHold) {
+    ASSERT_TRUE(stretch.readFromFile(write("a.stretch", stretchFile("saved")), kStretchTypeName));
+    stretch.setCell(0, 0, "1.23456789");
+    stretch.setName("two\rlines"); // does not read back
+    ASSERT_TRUE(document.readFromFile(write("a.temperament", temperamentFile("saved")),
+                                      kTemperamentTypeName));
+    document.setCell(Column::hertz, 0, "262.1234567890123");
+    const StretchTable offsets = stretch.stretchDoubles();
+    const Temperament values = document.values();
+    takePosted();
+
+    panels.confirms = true;
+    write("a.stretch", "\"C0\"=\"7\"; \"D0\"=\"51\";"); // C0 is taken before D0 is refused
+    EXPECT_FALSE(stretch.revertDocumentToSaved());
+    EXPECT_EQ(stretch.stretchDoubles(), offsets);
+    EXPECT_EQ(stretch.name(), "two\rlines");
+    write("a.temperament", "nonsense");
+    EXPECT_FALSE(document.revertDocumentToSaved());
+    EXPECT_EQ(document.values(), values);
+    EXPECT_EQ(panels.alerts.size(), 2u);
+    EXPECT_EQ(takePosted(), Texts{}) << "nothing has changed";
+    EXPECT_EQ(stretch.changeCount(), 1);
+    EXPECT_EQ(document.changeCount(), 1);
+}
+
 TEST_F(DocumentSavingTest, WithoutALibraryNothingIsTold) {
     MVTemperamentDocument alone(temperamentPorts());
     ASSERT_TRUE(alone.saveToFile(path("T/x.temperament"), SaveOperation::saveAs));

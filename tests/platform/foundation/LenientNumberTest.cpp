@@ -115,6 +115,7 @@ TEST(LenientInt, ReadsTheWholeNumberAtTheStart) {
         {"2147483647", 2147483647},
         {"2147483648", 2147483647},
         {"-2147483648", std::numeric_limits<int>::min()},
+        {"-2147483647", -2147483647},
         {"-2147483649", std::numeric_limits<int>::min()},
         {"99999999999999999999999", 2147483647},
         {"-99999999999999999999999", std::numeric_limits<int>::min()},

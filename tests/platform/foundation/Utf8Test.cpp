@@ -9,8 +9,9 @@ namespace veltrano {
 namespace {
 
 TEST(Utf8, CharactersOfEveryLengthAtTheirLimits) {
-    for (const char32_t code : {U'\0', U'\x7F', U'\x80', U'\u07FF', U'\u0800', U'\uD7FF', U'\uE000',
-                                U'\uFFFF', U'\U00010000', U'\U0010FFFF'}) {
+    for (const char32_t code :
+         {U'\0', U'\x7F', U'\x80', U'\u07FF', U'\u0800', U'\u5A69', U'\uD7FF', U'\uE000', U'\uFFFF',
+          U'\U00010000', U'\U0005A967', U'\U0010FFFF'}) {
         std::string text;
         appendUtf8(text, code);
         const auto character = firstUtf8(text + "x");

@@ -21,6 +21,11 @@ bool isSelectable(int index, const Library* library) {
     return index == 0 || (index >= kFirstEntry && library != nullptr);
 }
 
+/// A file without a name goes by that of the file, as in the libraries' menus.
+std::string nameOr(const std::string& fileName, std::string name) {
+    return name.empty() ? fileName : name;
+}
+
 /// Whether @p value is new; it is stored then.
 template <class Value>
 bool stored(Value& field, Value value) {
@@ -155,7 +160,7 @@ void Preferences::setSoundBackWaveform(int index) {
 
 std::string Preferences::tuningNameString() const {
     if (mTuning == 0) return "Equal Tempered";
-    return mTemperaments->nameForFileName(mTuningFileName);
+    return nameOr(mTuningFileName, mTemperaments->nameForFileName(mTuningFileName));
 }
 
 std::string Preferences::tuningToolTipString() const {
@@ -168,7 +173,7 @@ std::string Preferences::tuningToolTipString() const {
 
 std::string Preferences::stretchNameString() const {
     if (mStretch == 0) return "None";
-    return mStretches->nameForFileName(mStretchFileName);
+    return nameOr(mStretchFileName, mStretches->nameForFileName(mStretchFileName));
 }
 
 std::string Preferences::stretchToolTipString() const {

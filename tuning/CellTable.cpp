@@ -41,8 +41,20 @@ public:
                           const QModelIndex& index) const override {
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         editor->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
+        editor->setAcceptDrops(false); // a file is for the window
         mEdited = index;
         return editor;
+    }
+
+    /// A value that changes meanwhile does not disturb who is typing.
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        if (!isTouched(*editor)) QStyledItemDelegate::setEditorData(editor, index);
+    }
+
+    /// A text that was not touched is no edit: its digits are fewer than those of its value.
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override {
+        if (isTouched(*editor)) QStyledItemDelegate::setModelData(editor, model, index);
     }
 
 protected:
@@ -60,6 +72,11 @@ protected:
     }
 
 private:
+    static bool isTouched(const QWidget& editor) {
+        const auto* line = qobject_cast<const QLineEdit*>(&editor);
+        return line && line->isModified();
+    }
+
     CellTable& mTable;
     mutable QPersistentModelIndex mEdited;
 };
@@ -112,10 +129,7 @@ Qt::ItemFlags CellTableModel::flags(const QModelIndex& index) const {
 
 bool CellTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
-    // A text that was not touched is no edit: its digits are fewer than those of its value.
-    const QString text = value.toString();
-    if (text == data(index, Qt::EditRole).toString()) return true;
-    mContents.setText(index.row(), index.column(), text);
+    mContents.setText(index.row(), index.column(), value.toString());
     return true;
 }
 

@@ -32,6 +32,7 @@ void paintLabel(QPainter& painter, const QPointF& baseline, double share, const 
 void CentGraph::paint(QPainter& painter, double width, double height) const {
     const QRectF bounds(0, 0, width, height);
     painter.save();
+    painter.setClipRect(bounds, Qt::IntersectClip); // values can lie beyond the edges
     painter.fillRect(bounds, Qt::white);
     painter.setPen(QPen(grid(), 1));
     painter.drawRect(bounds.adjusted(0.5, 0.5, -0.5, -0.5));

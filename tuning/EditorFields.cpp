@@ -5,7 +5,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace veltrano {
@@ -25,6 +27,8 @@ int endOfChange(const QString& before, const QString& now) {
 
 EditorField::EditorField(QLineEdit& line, std::function<void(const TextOutlet&)> didType)
     : QObject(&line), mLine(&line), mText(nullptr) {
+    line.setMaxLength(std::numeric_limits<int>::max());
+    line.setAcceptDrops(false);
     line.installEventFilter(this);
     connect(&line, &QLineEdit::textEdited, this,
             [this, didType = std::move(didType)] { didType(*this); });
@@ -33,8 +37,9 @@ EditorField::EditorField(QLineEdit& line, std::function<void(const TextOutlet&)>
 EditorField::EditorField(QPlainTextEdit& text, std::function<void(const TextOutlet&)> didType)
     : QObject(&text), mLine(nullptr), mText(&text) {
     text.setUndoRedoEnabled(false);
+    text.setAcceptDrops(false);
+    text.viewport()->setAcceptDrops(false);
     text.installEventFilter(this);
-    // Also when the document fills it, which the document knows.
     connect(&text, &QPlainTextEdit::textChanged, this,
             [this, didType = std::move(didType)] { didType(*this); });
 }
@@ -45,22 +50,35 @@ QWidget& EditorField::widget() const {
 }
 
 void EditorField::setText(std::string_view utf8) {
+    const QString before = shownText();
     const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    mFilled = utf8;
     if (mLine) {
-        const int cursor = endOfChange(mLine->text(), text);
         mLine->setText(text);
-        mLine->setCursorPosition(cursor);
-    } else {
-        const int cursor = endOfChange(mText->toPlainText(), text);
-        mText->setPlainText(text);
-        QTextCursor restored = mText->textCursor();
-        restored.setPosition(cursor);
-        mText->setTextCursor(restored);
+        mShown = shownText();
+        mLine->setCursorPosition(endOfChange(before, mShown));
+        return;
     }
+    {
+        // Told of once what it shows is known.
+        const QSignalBlocker quiet(mText);
+        mText->setPlainText(text);
+    }
+    mShown = shownText();
+    QTextCursor cursor = mText->textCursor();
+    cursor.setPosition(endOfChange(before, mShown));
+    mText->setTextCursor(cursor);
+}
+
+QString EditorField::shownText() const {
+    if (mLine) return mLine->text();
+    // The plain text would make a space of a space that does not break.
+    return mText->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }
 
 std::string EditorField::text() const {
-    return (mLine ? mLine->text() : mText->toPlainText()).toStdString();
+    const QString shown = shownText();
+    return shown == mShown ? mFilled : shown.toStdString();
 }
 
 void EditorField::setTip(std::string_view tip) {

@@ -5,6 +5,7 @@
 #include "platform/desktop/ControlPorts.h"
 
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <string>
 
@@ -13,8 +14,10 @@ class QPlainTextEdit;
 
 namespace veltrano {
 
-/// A field that its document fills and reads. Undo and redo while typing are the document's: the
-/// field leaves their keys to the menus. Thread: main. Owned by whoever owns the widget.
+/// A field that its document fills and reads. What nobody typed into reads back as it was filled,
+/// also where the widget shows a character as another one. Undo and redo while typing are the
+/// document's: the field leaves their keys to the menus, and dropped files to its window.
+/// Thread: main. Owned by whoever owns the widget.
 class EditorField final : public QObject, public TextOutlet {
     Q_OBJECT
 public:
@@ -32,9 +35,12 @@ protected:
 
 private:
     QWidget& widget() const;
+    QString shownText() const;
 
     QLineEdit* const mLine;
     QPlainTextEdit* const mText;
+    std::string mFilled; ///< what the document wrote
+    QString mShown;      ///< what the widget made of it
 };
 
 } // namespace veltrano

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tuning/FolderLibrary.h"
 
+#include <QDirIterator>
 #include <QString>
 #include <filesystem>
 #include <set>
@@ -28,12 +29,13 @@ std::string extension(std::string_view path) {
 
 std::vector<std::string> filesBelow(const std::string& folder) {
     std::vector<std::string> paths;
-    std::error_code error;
-    const auto options = fs::directory_options::skip_permission_denied;
-    fs::recursive_directory_iterator at(folder, options, error);
-    for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
-        std::error_code unknown; // a link that leads nowhere is no regular file
-        if (at->is_regular_file(unknown)) paths.push_back(at->path().string());
+    // What cannot be listed is passed over; the rest is found all the same.
+    QDirIterator files(QString::fromStdString(folder), QDir::Files | QDir::Hidden,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        std::string path = files.next().toStdString();
+        std::error_code unknown; // a link may lead to a device, or nowhere
+        if (fs::is_regular_file(path, unknown)) paths.push_back(std::move(path));
     }
     std::ranges::sort(paths);
     return paths;

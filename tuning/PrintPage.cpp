@@ -21,15 +21,22 @@ constexpr double kGap = 16;
 constexpr double kGraphShare = 0.58;      ///< height of the graph for its width
 constexpr double kDescriptionShare = 0.2; ///< of the page at most
 constexpr double kRuleWidth = 0.5;
+// A page smaller than this holds everything made smaller.
+constexpr double kLeastWidth = 380;
+constexpr double kLeastHeight = 460;
 
 } // namespace
 
-void PrintPage::paint(QPainter& painter, const QRectF& area) const {
+void PrintPage::paint(QPainter& painter, const QRectF& page) const {
     painter.save();
+    const double scale = std::min({1.0, page.width() / kLeastWidth, page.height() / kLeastHeight});
+    painter.translate(page.topLeft());
+    painter.scale(scale, scale);
+    const QRectF area(QPointF(), page.size() / scale);
     const double top = paintTexts(painter, area);
     const double tableHeight = kRowHeight * (static_cast<double>(rows.size()) + 1);
     const double room = area.bottom() - top - kGap - tableHeight;
-    const double graphHeight = std::clamp(area.width() * kGraphShare, 0.0, std::max(room, 0.0));
+    const double graphHeight = std::min(area.width() * kGraphShare, room);
     painter.save();
     painter.translate(area.left(), top);
     printGraph.paint(painter, area.width(), graphHeight);

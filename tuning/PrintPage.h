@@ -21,8 +21,8 @@ struct PrintPage {
     QStringList columnTitles;
     std::vector<QStringList> rows;
 
-    /// @param area printable area in points; what does not fit its width becomes smaller
-    void paint(QPainter& painter, const QRectF& area) const;
+    /// @param page printable area in points, not empty; on a small one everything is smaller
+    void paint(QPainter& painter, const QRectF& page) const;
 
 private:
     double paintTexts(QPainter& painter, const QRectF& area) const;

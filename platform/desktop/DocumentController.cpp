@@ -142,11 +142,15 @@ void DocumentController::closeDocument(Document& document) {
 }
 
 bool DocumentController::tryToClose(Document& document) {
+    // While a question waits, the event loop may ask for the same again.
+    if (mAskedAbout) return false;
     // The user sees what is asked about.
     if (document.isDocumentEdited()) document.showWindow();
-    if (!document.mayClose()) return false;
-    closeDocument(document);
-    return true;
+    mAskedAbout = &document;
+    const bool mayClose = document.mayClose();
+    mAskedAbout = nullptr;
+    if (mayClose) closeDocument(document);
+    return mayClose;
 }
 
 bool DocumentController::tryToCloseAll() {

@@ -46,7 +46,8 @@ public:
     void openDocument(); ///< the Open panel
     /// Closes it without a question.
     void closeDocument(Document& document);
-    /// Asks where it is edited. False: the user or a failed save refused.
+    /// Asks where it is edited. False: the user or a failed save refused, or is being asked
+    /// already.
     bool tryToClose(Document& document);
     bool tryToCloseAll();
 
@@ -77,6 +78,8 @@ private:
     const std::function<std::string()> mTakeReason;
     std::vector<DocumentKind> mKinds;
     std::vector<std::unique_ptr<Document>> mDocuments;
+    const Document* mAskedAbout =
+        nullptr; ///< the user has not answered yet; null: nothing is asked
     std::function<void(std::string_view path)> mImporter;
 };
 

@@ -151,6 +151,22 @@ TEST_F(DocumentDeskTest, ClosingAWindowAsksAndHappensAfterItsEvent) {
     EXPECT_TRUE(desk->windows().empty());
 }
 
+TEST_F(DocumentDeskTest, ASecondCloseWhileItAsksIsNoSecondQuestion) {
+    desk->perform(MenuCommand::newTemperament);
+    edit(2, 1, "3");
+    panels.saveAnswer = DocumentPanels::SaveAnswer::discard;
+    panels.whileAsking = [this] {
+        EXPECT_FALSE(desk->mayQuit());
+        QApplication::processEvents(); // the second close
+    };
+    EditorWindow& window = only();
+    window.close();
+    window.close();
+    QApplication::processEvents();
+    EXPECT_EQ(panels.asked.size(), 1u);
+    EXPECT_TRUE(desk->windows().empty());
+}
+
 TEST_F(DocumentDeskTest, QuittingAsksForEveryEditedDocument) {
     desk->perform(MenuCommand::newTemperament);
     edit(2, 1, "3");
@@ -174,6 +190,36 @@ TEST_F(DocumentDeskTest, EditsOfTheTemperamentInUseAreHeardAtOnceAndDiscardedWit
     only().close();
     QApplication::processEvents();
     EXPECT_EQ(preferences->temperamentTable()[0], 6.0);
+}
+
+TEST_F(DocumentDeskTest, AFailedRevertKeepsEveryValueAsItWas) {
+    const std::string path = file("Grand.stretch", "\"Name\"=\"Grand\";\n");
+    desk->openFiles({path});
+    edit(9, 5, "1.23456");
+    QFile::remove(QString::fromStdString(path));
+    panels.confirms = true;
+    only().perform(MenuCommand::revert);
+    EXPECT_EQ(panels.alerts.size(), 1u);
+    EXPECT_TRUE(only().isWindowModified());
+    only().perform(MenuCommand::undo);
+    only().perform(MenuCommand::redo);
+    EXPECT_EQ(table().model()->index(9, 5).data().toString(), "+1.235");
+    // A field that a file would round is still whole: as a temperament in another key, too.
+    const std::string young = file("Young.temperament", kYoung);
+    desk->openFiles({young});
+    preferences->setTonic(2);
+    auto* temperament = desk->windows()[1]->findChild<QTableView*>("table");
+    temperament->model()->setData(temperament->model()->index(0, 1), "-50", Qt::EditRole);
+    preferences->setTonic(4);
+    preferences->setTonic(2); // values beyond the limits that a file has
+    QFile::remove(QString::fromStdString(young));
+    QStringList cells, after;
+    for (int row = 0; row < 12; ++row)
+        cells.append(temperament->model()->index(row, 1).data().toString());
+    desk->windows()[1]->perform(MenuCommand::revert);
+    for (int row = 0; row < 12; ++row)
+        after.append(temperament->model()->index(row, 1).data().toString());
+    EXPECT_EQ(cells, after);
 }
 
 TEST_F(DocumentDeskTest, TypedLettersAreUndoneByTheDocument) {

@@ -5,6 +5,7 @@
 #include "platform/desktop/DocumentPorts.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ class RecordingPanels final : public DocumentPanels {
 public:
     SaveAnswer askToSave(std::string_view displayName) override {
         asked.push_back("save? " + std::string(displayName));
+        if (whileAsking) whileAsking();
         return saveAnswer;
     }
     bool confirm(std::string_view title, std::string_view message,
@@ -47,6 +49,7 @@ public:
     void beep() override { ++beeps; }
 
     SaveAnswer saveAnswer = SaveAnswer::cancel;
+    std::function<void()> whileAsking; ///< what the event loop does while the user thinks
     bool confirms = false;
     std::deque<std::string> savePaths; ///< answers, one each
     std::deque<std::string> folders;

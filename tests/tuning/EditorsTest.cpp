@@ -246,6 +246,62 @@ TEST_F(EditorsTest, FieldsShowAndTakeTexts) {
     EXPECT_NE(QApplication::focusWidget(), description) << "Tab leaves the field";
 }
 
+TEST_F(EditorsTest, ATextThatNobodyTouchedReadsBackAsItIs) {
+    const std::string oddName = "a\u00A0b\r\nc\td"; // in a comment, too: no Unicode line ends
+    const std::string odd = "a\u00A0b\r\nc\rd\u2028e\u2029f";
+    temperament();
+    ASSERT_TRUE(document->loadDataRepresentation(temperament_file::data({}, oddName, odd),
+                                                 kTemperamentTypeName));
+    EXPECT_EQ(document->name(), oddName);
+    EXPECT_EQ(document->description(), odd);
+    // One letter more changes nothing but line ends.
+    editor->findChild<QWidget*>("descriptionField")->setFocus();
+    press(Qt::Key_End, Qt::ControlModifier);
+    type("!");
+    EXPECT_EQ(document->description(), "a\u00A0b\nc\nd\u2028e\nf!");
+    document->undo();
+    EXPECT_EQ(document->description(), odd);
+}
+
+TEST_F(EditorsTest, NoTextIsTooLong) {
+    temperament();
+    const std::string longText(100'000, 'x');
+    document->setName(longText);
+    EXPECT_EQ(document->name(), longText);
+}
+
+TEST_F(EditorsTest, DroppedFilesAreLeftToTheWindow) {
+    temperament();
+    select(0, kCent);
+    press(Qt::Key_F2);
+    for (QWidget* widget : editor->findChildren<QWidget*>())
+        EXPECT_FALSE(widget->acceptDrops()) << widget->metaObject()->className();
+}
+
+TEST_F(EditorsTest, AnAcceptedTextIsStoredAlsoWhenItLooksLikeTheValue) {
+    stretch();
+    stretchDocument->setCell(0, 0, "0.0004");
+    select(0, 1);
+    ASSERT_EQ(shown(0, 1), "±0.000");
+    press(Qt::Key_F2);
+    type("±0.000");
+    press(Qt::Key_Return);
+    EXPECT_EQ(stretchDocument->stretchDoubles()[0], 0.0);
+    EXPECT_EQ(stretchDocument->changeCount(), 2);
+}
+
+TEST_F(EditorsTest, AChangeFromElsewhereDoesNotDisturbWhoTypes) {
+    temperament();
+    select(0, kHertz);
+    press(Qt::Key_F2);
+    type("26");
+    settings.pitch = 442;
+    center.post(notification::kReferencePitch);
+    EXPECT_EQ(field()->text(), "26");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(shown(9, kHertz), "442.000000");
+}
+
 TEST_F(EditorsTest, UndoAndRedoPutTheCursorBehindWhatChanged) {
     temperament();
     ASSERT_TRUE(document->loadDataRepresentation("\"Name\"=\"Young\";\"Description\"=\"Young\";",

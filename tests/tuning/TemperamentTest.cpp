@@ -76,6 +76,16 @@ TEST(NewTemperament, CellsOfCAt440) {
     EXPECT_EQ(table.cell(Column::hertz, 11), "493.883301");
 }
 
+TEST(ClearedTemperament, IsAsANewOne) {
+    for (const int tonic : {0, 9}) {
+        Temperament table(442, tonic);
+        ASSERT_TRUE(table.setCell(Column::cent, 3, "12.5"));
+        ASSERT_TRUE(table.setCell(Column::cent, 11, "-7"));
+        table.clearTemperament();
+        EXPECT_EQ(table, Temperament(442, tonic));
+    }
+}
+
 TEST(CentText, ZeroHasBothSigns) {
     const struct {
         double cents;
@@ -219,6 +229,8 @@ TEST(ReferencePitch, ChangesHertzAlone) {
     const auto cents = table.cents();
     const auto ratios = table.ratios();
     table.setReferencePitch(415);
+    EXPECT_EQ(table.referencePitch(), 415);
+    EXPECT_EQ(table.hertz()[5], 415) << "A in E";
     EXPECT_EQ(table.cents(), cents);
     EXPECT_EQ(table.ratios(), ratios);
     expectAgreement(table);

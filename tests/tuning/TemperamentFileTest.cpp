@@ -178,6 +178,7 @@ const UnitCase kUnits[] = {
     {"the first is 0", with(kJust, 0, 0), false},
     {"the first is negative", with(kJust, 0, -1), false},
     {"highest below 1", scaled(kJust, 0.5), false},
+    {"highest is 1", with(scaled(kJust, 8 / 15.0), 11, 1), true},
     {"lowest is 2", scaled(kJust, 2), true},
     {"lowest above 2", scaled(kJust, 2.0001), false},
 };

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
@@ -15,6 +16,9 @@ namespace {
 
 constexpr int kColumnPadding = 4;
 constexpr int kRowPadding = 5;
+// What a table may insist on; larger ones scroll.
+constexpr int kScreenWidthPercent = 90;
+constexpr int kScreenHeightPercent = 50;
 
 /// Which keys end an edit and go on; nullopt: another key.
 std::optional<CellTable::Ending> endingOf(const QKeyEvent& key) {
@@ -42,6 +46,10 @@ public:
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         editor->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
         editor->setAcceptDrops(false); // a file is for the window
+        if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+            // Where the cell's text stands.
+            line->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+        }
         mEdited = index;
         return editor;
     }
@@ -81,6 +89,20 @@ private:
     mutable QPersistentModelIndex mEdited;
 };
 
+/// Titles keep as far from the right edge as the texts below them.
+class CellHeader final : public QHeaderView {
+public:
+    explicit CellHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+    /// What a title needs, however small or large its section is.
+    int widthOf(int section) const { return sectionSizeFromContents(section).width(); }
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        if (option->textAlignment & Qt::AlignRight) option->text += QChar(QChar::Nbsp);
+    }
+};
+
 } // namespace
 
 CellTableModel::CellTableModel(CellTableContents contents, QObject* parent)
@@ -106,6 +128,8 @@ QVariant CellTableModel::data(const QModelIndex& index, int role) const {
         return mContents.text(index.row(), index.column());
     case Qt::AccessibleTextRole:
         return mContents.accessibleText(index.row(), index.column());
+    case Qt::ToolTipRole:
+        return mContents.tip ? mContents.tip(index.row(), index.column()) : QVariant();
     case Qt::TextAlignmentRole:
         return QVariant((index.column() == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     default:
@@ -140,6 +164,7 @@ CellTable::CellTable(QWidget* parent) : QTableView(parent) {
     setAlternatingRowColors(true);
     setTabKeyNavigation(false); // Tab leaves the table; inside an edit it goes on
     setCornerButtonEnabled(false);
+    setHorizontalHeader(new CellHeader(this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -190,6 +215,13 @@ void CellTable::setModel(QAbstractItemModel* model) {
     QTableView::setModel(model);
     fitSections();
     connect(model, &QAbstractItemModel::dataChanged, this, [this] { fitSections(); });
+    for (int row = 0; row < model->rowCount() && !currentIndex().isValid(); ++row) {
+        for (int column = 0; column < model->columnCount() && !currentIndex().isValid(); ++column) {
+            if (!mayEdit({row, column})) continue;
+            selectionModel()->setCurrentIndex(model->index(row, column),
+                                              QItemSelectionModel::NoUpdate);
+        }
+    }
 }
 
 void CellTable::changeEvent(QEvent* event) {
@@ -200,23 +232,50 @@ void CellTable::changeEvent(QEvent* event) {
 /// Columns share the width equally, and none is narrower than the widest text.
 void CellTable::fitSections() {
     if (!model()) return;
+    const auto& titles = static_cast<const CellHeader&>(*horizontalHeader());
     int widest = 0;
     for (int column = 0; column < model()->columnCount(); ++column)
-        widest = std::max(widest, sizeHintForColumn(column));
+        widest = std::max({widest, sizeHintForColumn(column), titles.widthOf(column)});
     horizontalHeader()->setMinimumSectionSize(widest + kColumnPadding);
     verticalHeader()->setMinimumSectionSize(fontMetrics().height() + kRowPadding);
+    fitScrollBars();
     updateGeometry();
+}
+
+/// Sections that share the room are not what decides on scroll bars: they would be made smaller
+/// only after a bar has taken its room.
+void CellTable::fitScrollBars() {
+    const QSize room = maximumViewportSize();
+    const QSize cells = sizeOfCells();
+    const bool isRoom = room.width() >= cells.width() && room.height() >= cells.height();
+    const auto policy = isRoom ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    setHorizontalScrollBarPolicy(policy);
+    setVerticalScrollBarPolicy(policy);
+}
+
+void CellTable::resizeEvent(QResizeEvent* event) {
+    if (model()) fitScrollBars();
+    QTableView::resizeEvent(event);
+}
+
+/// When every section is as small as it may be.
+QSize CellTable::sizeOfCells() const {
+    return {model()->columnCount() * horizontalHeader()->minimumSectionSize(),
+            model()->rowCount() * verticalHeader()->minimumSectionSize()};
+}
+
+QSize CellTable::sizeHint() const {
+    if (!model()) return QTableView::sizeHint();
+    const int frame = 2 * frameWidth();
+    return sizeOfCells() + QSize(frame, frame + horizontalHeader()->sizeHint().height());
 }
 
 QSize CellTable::minimumSizeHint() const {
     if (!model()) return QTableView::minimumSizeHint();
-    const int frame = 2 * frameWidth();
-    return {model()->columnCount() * horizontalHeader()->minimumSectionSize() + frame,
-            model()->rowCount() * verticalHeader()->minimumSectionSize() +
-                horizontalHeader()->sizeHint().height() + frame};
+    const QSize available = screen()->availableSize();
+    return sizeHint().boundedTo({available.width() * kScreenWidthPercent / 100,
+                                 available.height() * kScreenHeightPercent / 100});
 }
-
-QSize CellTable::sizeHint() const { return minimumSizeHint(); }
 
 std::optional<CellPosition> TemperamentTableView::nextCell(CellPosition at, bool isUp) const {
     const int rows = model()->rowCount();

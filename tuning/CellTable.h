@@ -19,6 +19,7 @@ struct CellTableContents {
     std::function<QString(int row, int column)> text;
     std::function<QString(int row, int column)> accessibleText;
     std::function<bool(int row, int column)> mayEdit;
+    std::function<QString(int row, int column)> tip; ///< empty: no cell has one
     std::function<void(int row, int column, const QString& text)> setText;
 };
 
@@ -49,8 +50,12 @@ class CellTable : public QTableView {
 public:
     explicit CellTable(QWidget* parent = nullptr);
 
-    /// Every column has room for what its cells hold now.
+    /// Every column has room for what its cells hold now. The first cell that may be edited becomes
+    /// the current one.
     void setModel(QAbstractItemModel* model) override;
+
+    QSize sizeHint() const override;        ///< every cell is in sight
+    QSize minimumSizeHint() const override; ///< the same, where it leaves room on the screen
 
     /// Ends the edit of @p at with its text taken over, and goes on. For the editing delegate.
     enum class Ending { goOn, goBack, nextCell, previousCell };
@@ -63,11 +68,12 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QSize sizeOfCells() const;
     void fitSections();
+    void fitScrollBars();
     std::optional<CellPosition> neighbour(CellPosition at, int step) const;
 };
 

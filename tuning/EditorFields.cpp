@@ -2,11 +2,15 @@
 // The name and description fields of an editor.
 #include "tuning/EditorFields.h"
 
+#include <QContextMenuEvent>
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -40,6 +44,7 @@ EditorField::EditorField(QPlainTextEdit& text, std::function<void(const TextOutl
     text.setAcceptDrops(false);
     text.viewport()->setAcceptDrops(false);
     text.installEventFilter(this);
+    fitHeight();
     connect(&text, &QPlainTextEdit::textChanged, this,
             [this, didType = std::move(didType)] { didType(*this); });
 }
@@ -56,7 +61,8 @@ void EditorField::setText(std::string_view utf8) {
     if (mLine) {
         mLine->setText(text);
         mShown = shownText();
-        mLine->setCursorPosition(endOfChange(before, mShown));
+        // Where nobody types, the beginning is what is seen.
+        mLine->setCursorPosition(mLine->hasFocus() ? endOfChange(before, mShown) : 0);
         return;
     }
     {
@@ -66,7 +72,7 @@ void EditorField::setText(std::string_view utf8) {
     }
     mShown = shownText();
     QTextCursor cursor = mText->textCursor();
-    cursor.setPosition(endOfChange(before, mShown));
+    cursor.setPosition(mText->hasFocus() ? endOfChange(before, mShown) : 0);
     mText->setTextCursor(cursor);
 }
 
@@ -87,13 +93,48 @@ void EditorField::setTip(std::string_view tip) {
 
 void EditorField::setHidden(bool hidden) { widget().setHidden(hidden); }
 
+/// The lines, and what lies around them.
+void EditorField::fitHeight() {
+    const double around = 2 * (mText->frameWidth() + mText->document()->documentMargin());
+    const QFontMetricsF metrics(mText->font());
+    const double line = std::ceil(metrics.ascent()) + std::ceil(metrics.descent());
+    // It scrolls when there is exactly as much room as its lines take.
+    const double lines = kLines * (line + metrics.leading()) + 1;
+    mText->setFixedHeight(static_cast<int>(std::ceil(lines + around)));
+}
+
+/// Without the undo of a line field, which knows nothing of the document's.
+void EditorField::runContextMenu(const QContextMenuEvent& event) {
+    QMenu* menu = mLine->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QList<QAction*> actions = menu->actions();
+    qsizetype cut = 0;
+    while (cut < actions.size() && !actions[cut]->isSeparator())
+        ++cut;
+    for (qsizetype i = 0; i <= cut && i < actions.size(); ++i)
+        menu->removeAction(actions[i]);
+    menu->popup(event.globalPos());
+}
+
 bool EditorField::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
-            event->ignore(); // it goes on to the menu
-            return true;
-        }
+        if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) break;
+        event->ignore(); // it goes on to the menu
+        return true;
+    }
+    case QEvent::ContextMenu:
+        if (!mLine) break;
+        runContextMenu(*static_cast<QContextMenuEvent*>(event));
+        return true;
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        if (mText) fitHeight();
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(watched, event);
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 
+class QContextMenuEvent;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -16,11 +17,13 @@ namespace veltrano {
 
 /// A field that its document fills and reads. What nobody typed into reads back as it was filled,
 /// also where the widget shows a character as another one. Undo and redo while typing are the
-/// document's: the field leaves their keys to the menus, and dropped files to its window.
-/// Thread: main. Owned by whoever owns the widget.
+/// document's: the field leaves their keys to the menus, and dropped files to its window. A field
+/// of several lines is as high as kLines of them. Thread: main. Owned by whoever owns the widget.
 class EditorField final : public QObject, public TextOutlet {
     Q_OBJECT
 public:
+    static constexpr int kLines = 3;
+
     /// @param didType told after each change by the user
     EditorField(QLineEdit& line, std::function<void(const TextOutlet&)> didType);
     EditorField(QPlainTextEdit& text, std::function<void(const TextOutlet&)> didType);
@@ -36,6 +39,8 @@ protected:
 private:
     QWidget& widget() const;
     QString shownText() const;
+    void fitHeight();
+    void runContextMenu(const QContextMenuEvent& event);
 
     QLineEdit* const mLine;
     QPlainTextEdit* const mText;

@@ -20,7 +20,7 @@ public:
     explicit GraphView(QWidget* parent = nullptr);
 
     void refresh() override;
-    QSize sizeHint() const override { return {420, 300}; }
+    QSize sizeHint() const override { return {420, 240}; }
     QSize minimumSizeHint() const override { return {240, 120}; }
 
 protected:

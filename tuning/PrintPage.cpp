@@ -6,6 +6,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTextLayout>
 #include <algorithm>
 
 namespace veltrano {
@@ -19,30 +20,67 @@ constexpr double kTableSize = 9;
 constexpr double kRowHeight = 15;
 constexpr double kGap = 16;
 constexpr double kGraphShare = 0.58;      ///< height of the graph for its width
+constexpr double kLeastGraphHeight = 100; ///< whatever the texts are
 constexpr double kDescriptionShare = 0.2; ///< of the page at most
 constexpr double kRuleWidth = 0.5;
-// A page smaller than this holds everything made smaller.
-constexpr double kLeastWidth = 380;
-constexpr double kLeastHeight = 460;
+constexpr qsizetype kMostLetters = 8000; ///< more than a page holds
+
+/// Writes as many whole lines as there is room for; the last one shows where the text is cut.
+/// @return the height of what was written
+double paintLines(QPainter& painter, const QRectF& room, const QString& text) {
+    if (text.isEmpty()) return 0;
+    const QFontMetricsF metrics(painter.font());
+    const int most = static_cast<int>(room.height() / metrics.height());
+    QString wrapped = text.left(kMostLetters);
+    wrapped.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (const QChar end : {QChar(u'\r'), QChar(u'\n'), QChar(QChar::ParagraphSeparator)})
+        wrapped.replace(end, QChar::LineSeparator);
+    QTextLayout layout(wrapped, painter.font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    int count = 0;
+    for (QTextLine line = layout.createLine(); line.isValid() && count <= most;
+         line = layout.createLine()) {
+        line.setLineWidth(room.width());
+        line.setPosition({0, count++ * metrics.height()});
+    }
+    layout.endLayout();
+    for (int i = 0; i < std::min(count, most); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        if (i < most - 1 || count <= most) {
+            line.draw(&painter, room.topLeft());
+            continue;
+        }
+        const QString last =
+            wrapped.mid(line.textStart(), line.textLength()).trimmed() + QChar(0x2026);
+        painter.drawText(QPointF(room.left(), room.top() + line.position().y() + metrics.ascent()),
+                         metrics.elidedText(last, Qt::ElideRight, room.width()));
+    }
+    return std::min(count, most) * metrics.height();
+}
 
 } // namespace
 
-void PrintPage::paint(QPainter& painter, const QRectF& page) const {
+double PrintPage::tableHeight() const {
+    return kRowHeight * (static_cast<double>(rows.size()) + 1);
+}
+
+void PrintPage::paint(QPainter& painter, const QRectF& area) const {
     painter.save();
-    const double scale = std::min({1.0, page.width() / kLeastWidth, page.height() / kLeastHeight});
-    painter.translate(page.topLeft());
+    const double scale = std::min({1.0, area.width() / kLeastWidth, area.height() / kLeastHeight});
+    painter.translate(area.topLeft());
     painter.scale(scale, scale);
-    const QRectF area(QPointF(), page.size() / scale);
-    const double top = paintTexts(painter, area);
-    const double tableHeight = kRowHeight * (static_cast<double>(rows.size()) + 1);
-    const double room = area.bottom() - top - kGap - tableHeight;
-    const double graphHeight = std::min(area.width() * kGraphShare, room);
+    const QRectF page(QPointF(), area.size() / scale);
+    const double top = paintTexts(painter, page);
+    const double room = page.bottom() - top - kGap - tableHeight();
+    const double graphHeight = std::min(page.width() * kGraphShare, room);
     painter.save();
-    painter.translate(area.left(), top);
-    printGraph.paint(painter, area.width(), graphHeight);
+    painter.translate(0, top);
+    printGraph.paint(painter, page.width(), graphHeight);
     painter.restore();
-    const double tableTop = top + graphHeight + kGap;
-    paintTable(painter, QRectF(area.left(), tableTop, area.width(), tableHeight));
+    paintTable(painter, QRectF(0, top + graphHeight + kGap, page.width(), tableHeight()));
     painter.restore();
 }
 
@@ -52,18 +90,14 @@ double PrintPage::paintTexts(QPainter& painter, const QRectF& area) const {
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(Qt::black);
-    const QFontMetricsF name(font);
-    painter.drawText(QPointF(area.left(), area.top() + name.ascent()),
-                     name.elidedText(printName, Qt::ElideRight, area.width()));
-    double y = area.top() + name.height() + kGap / 2;
-    if (printDescription.isEmpty()) return y + kGap / 2;
+    const double nameRoom = kNameLines * QFontMetricsF(font).height();
+    double y = paintLines(painter, QRectF(0, 0, area.width(), nameRoom), printName) + kGap / 2;
 
     painter.setFont(labelFont(kTextSize));
-    constexpr int kFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
-    const QRectF room(area.left(), y, area.width(), area.height() * kDescriptionShare);
-    const QRectF taken = painter.boundingRect(room, kFlags, printDescription);
-    painter.drawText(room, kFlags, printDescription); // what is longer is cut
-    return y + std::min(taken.height(), room.height()) + kGap;
+    const double rest = area.height() - y - kGap - kLeastGraphHeight - kGap - tableHeight();
+    const double room = std::clamp(rest, 0.0, area.height() * kDescriptionShare);
+    y += paintLines(painter, QRectF(0, y, area.width(), room), printDescription);
+    return y + kGap;
 }
 
 void PrintPage::paintTable(QPainter& painter, const QRectF& area) const {

@@ -15,16 +15,22 @@ namespace veltrano {
 
 /// Name, description, graph and values, one below the other on one page. Black on white.
 struct PrintPage {
-    QString printName;
-    QString printDescription; ///< cut where it would leave no room for the rest
+    QString printName;        ///< at most kNameLines lines of it
+    QString printDescription; ///< as many lines as leave room for the rest
     CentGraph printGraph;
     QStringList columnTitles;
     std::vector<QStringList> rows;
 
-    /// @param page printable area in points, not empty; on a small one everything is smaller
-    void paint(QPainter& painter, const QRectF& page) const;
+    static constexpr int kNameLines = 2;
+    static constexpr double kLeastWidth = 380;  ///< [points] of the area at full size
+    static constexpr double kLeastHeight = 460; ///< [points] likewise
+
+    /// @param area printable area in points; on one that is smaller than the least everything is
+    ///        drawn smaller
+    void paint(QPainter& painter, const QRectF& area) const;
 
 private:
+    double tableHeight() const;
     double paintTexts(QPainter& painter, const QRectF& area) const;
     void paintTable(QPainter& painter, const QRectF& area) const;
 };

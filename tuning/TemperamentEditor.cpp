@@ -45,6 +45,11 @@ CellTableContents contentsOf(MVTemperamentDocument& document) {
     contents.mayEdit = [&document](int row, int column) {
         return document.shouldEdit(columnAt(column), row);
     };
+    contents.tip = [&document](int row, int column) {
+        const bool isFixed = column > 0 && !document.shouldEdit(columnAt(column), row);
+        return isFixed ? TemperamentEditor::tr("A is what the others are measured against.")
+                       : QString();
+    };
     contents.setText = [&document](int row, int column, const QString& text) {
         document.setCell(columnAt(column), row, text.toStdString());
     };

@@ -1,83 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The editors: keys in their tables, their fields, what assistive technologies are told.
-#include "tests/tuning/TuningTestBase.h"
-#include "tuning/CellTable.h"
-#include "tuning/StretchEditor.h"
-#include "tuning/TemperamentEditor.h"
-
-#include <QAccessible>
-#include <QApplication>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTest>
+// Keys and typing in the tables of the editors.
+#include "tests/tuning/EditorsTestBase.h"
 
 namespace veltrano {
 namespace {
 
-constexpr int kCent = 1, kRatio = 2, kHertz = 3; // columns of a temperament
-
-class EditorsTest : public TuningTestBase {
-protected:
-    TemperamentEditor& temperament(int tonic = 0) {
-        settings.key = tonic;
-        document = std::make_unique<MVTemperamentDocument>(temperamentPorts());
-        auto made = TemperamentEditor::create(resources, *document, log);
-        auto& shown = *made;
-        show(std::move(made));
-        return shown;
-    }
-    StretchEditor& stretch() {
-        stretchDocument = std::make_unique<MVStretchDocument>(stretchPorts());
-        auto made = StretchEditor::create(resources, *stretchDocument, log);
-        auto& shown = *made;
-        show(std::move(made));
-        return shown;
-    }
-    void show(std::unique_ptr<QWidget> made) {
-        editor = std::move(made);
-        editor->show();
-        editor->activateWindow();
-        QApplication::processEvents();
-        table().setFocus();
-    }
-    void TearDown() override {
-        editor.reset();
-        document.reset();
-        stretchDocument.reset();
-    }
-
-    CellTable& table() { return *editor->findChild<CellTable*>("table"); }
-    QString shown(int row, int column) {
-        return table().model()->index(row, column).data().toString();
-    }
-    void select(int row, int column) {
-        table().setCurrentIndex(table().model()->index(row, column));
-    }
-    /// The field of the cell that is being edited; null: none is.
-    QLineEdit* field() {
-        auto* focus = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-        return focus && table().isAncestorOf(focus) ? focus : nullptr;
-    }
-    /// "row column" of the cell being edited, "" when none is.
-    std::string edited() {
-        if (!field()) return {};
-        const QModelIndex at = table().currentIndex();
-        return std::to_string(at.row()) + " " + std::to_string(at.column());
-    }
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), modifiers);
-    }
-    void type(const char* text) {
-        // The first letter may open a field that gets the others.
-        for (const QChar letter : QString::fromUtf8(text))
-            QTest::keyClicks(QApplication::focusWidget(), letter);
-    }
-
-    ResourceFolder resources{QStringLiteral(VELTRANO_SOURCE_RESOURCES)};
-    std::unique_ptr<MVTemperamentDocument> document;
-    std::unique_ptr<MVStretchDocument> stretchDocument;
-    std::unique_ptr<QWidget> editor;
-};
+class EditorsTest : public EditorsTestBase {};
 
 TEST_F(EditorsTest, ANewTemperamentShowsTwelveEqualRows) {
     temperament();
@@ -230,54 +158,6 @@ TEST_F(EditorsTest, TypingReplacesTheSelectedCell) {
     EXPECT_EQ(shown(2, 3), "-7.000");
 }
 
-TEST_F(EditorsTest, FieldsShowAndTakeTexts) {
-    temperament();
-    auto* description = editor->findChild<QPlainTextEdit*>("descriptionField");
-    ASSERT_TRUE(document->readData("\"Name\"=\"x\";\"Description\"=\"two\\nlines\";"));
-    document->loadDataRepresentation(document->data(), kTemperamentTypeName);
-    description->setFocus();
-    type("My ");
-    EXPECT_EQ(document->description().substr(0, 3), "My ");
-    EXPECT_TRUE(document->isDocumentEdited());
-    document->undo();
-    EXPECT_EQ(description->toPlainText(), "");
-    EXPECT_FALSE(document->isDocumentEdited());
-    press(Qt::Key_Tab);
-    EXPECT_NE(QApplication::focusWidget(), description) << "Tab leaves the field";
-}
-
-TEST_F(EditorsTest, ATextThatNobodyTouchedReadsBackAsItIs) {
-    const std::string oddName = "a\u00A0b\r\nc\td"; // in a comment, too: no Unicode line ends
-    const std::string odd = "a\u00A0b\r\nc\rd\u2028e\u2029f";
-    temperament();
-    ASSERT_TRUE(document->loadDataRepresentation(temperament_file::data({}, oddName, odd),
-                                                 kTemperamentTypeName));
-    EXPECT_EQ(document->name(), oddName);
-    EXPECT_EQ(document->description(), odd);
-    // One letter more changes nothing but line ends.
-    editor->findChild<QWidget*>("descriptionField")->setFocus();
-    press(Qt::Key_End, Qt::ControlModifier);
-    type("!");
-    EXPECT_EQ(document->description(), "a\u00A0b\nc\nd\u2028e\nf!");
-    document->undo();
-    EXPECT_EQ(document->description(), odd);
-}
-
-TEST_F(EditorsTest, NoTextIsTooLong) {
-    temperament();
-    const std::string longText(100'000, 'x');
-    document->setName(longText);
-    EXPECT_EQ(document->name(), longText);
-}
-
-TEST_F(EditorsTest, DroppedFilesAreLeftToTheWindow) {
-    temperament();
-    select(0, kCent);
-    press(Qt::Key_F2);
-    for (QWidget* widget : editor->findChildren<QWidget*>())
-        EXPECT_FALSE(widget->acceptDrops()) << widget->metaObject()->className();
-}
-
 TEST_F(EditorsTest, AnAcceptedTextIsStoredAlsoWhenItLooksLikeTheValue) {
     stretch();
     stretchDocument->setCell(0, 0, "0.0004");
@@ -302,99 +182,106 @@ TEST_F(EditorsTest, AChangeFromElsewhereDoesNotDisturbWhoTypes) {
     EXPECT_EQ(shown(9, kHertz), "442.000000");
 }
 
-TEST_F(EditorsTest, UndoAndRedoPutTheCursorBehindWhatChanged) {
-    temperament();
-    ASSERT_TRUE(document->loadDataRepresentation("\"Name\"=\"Young\";\"Description\"=\"Young\";",
-                                                 kTemperamentTypeName));
-    for (const char* name : {"nameField", "descriptionField"}) {
-        auto* field = editor->findChild<QWidget*>(name);
-        field->setFocus();
-        press(Qt::Key_Home);
-        type("A");
-        document->undo();
-        document->redo();
-        type("n ");
-    }
-    EXPECT_EQ(document->name(), "An Young");
-    EXPECT_EQ(document->description(), "An Young");
-}
-
-TEST_F(EditorsTest, UndoWhileTypingIsTheDocuments) {
-    temperament();
-    EXPECT_FALSE(editor->findChild<QPlainTextEdit*>("descriptionField")->isUndoRedoEnabled());
-    for (const char* name : {"nameField", "descriptionField"}) {
-        auto* field = editor->findChild<QWidget*>(name);
-        field->setFocus();
-        type("x");
-        press(Qt::Key_Z, Qt::ControlModifier);
-        press(Qt::Key_Right);
-    }
-    EXPECT_EQ(document->name() + document->description(), "xx") << "the keys are left to a menu";
-}
-
-TEST_F(EditorsTest, EverythingHasAName) {
-    temperament();
-    for (QWidget* widget : editor->findChildren<QWidget*>()) {
-        if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().startsWith("qt_"))
-            continue;
-        EXPECT_NE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), "")
-            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
-    }
-    EXPECT_EQ(table().model()->index(3, kCent).data(Qt::AccessibleTextRole).toString(),
-              "Eb (m3), Cent: ±0.000");
-    select(0, kCent);
-    press(Qt::Key_F2);
-    EXPECT_EQ(field()->accessibleName(), "C (PU), Cent: ±0.000");
-    editor.reset();
-    stretch();
-    EXPECT_EQ(table().model()->index(3, 5).data(Qt::AccessibleTextRole).toString(),
-              "Eb4: ±0.000 cents");
-    auto* graph = editor->findChild<QWidget*>("graph");
-    stretchDocument->setCell(0, 0, "-12.3");
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(graph)->text(QAccessible::Value),
-              "-12.3 to +0.0 cents");
-}
-
-TEST_F(EditorsTest, BothFitALaptopWithEveryCellInSight) {
-    temperament();
-    EXPECT_LE(editor->width(), 1000);
-    EXPECT_LE(editor->height(), 640);
-    const auto lastCellIsSeen = [this] {
-        const QModelIndex last = table().model()->index(table().model()->rowCount() - 1,
-                                                        table().model()->columnCount() - 1);
-        return table().viewport()->rect().contains(table().visualRect(last));
+TEST_F(EditorsTest, TheFirstCellThatMayBeEditedIsWhereKeysBegin) {
+    struct Case {
+        const char* name;
+        int tonic;
+        int row;
     };
-    EXPECT_TRUE(lastCellIsSeen());
-    editor.reset();
-    stretch();
-    EXPECT_LE(editor->width(), 1000);
-    EXPECT_LE(editor->height(), 640);
-    EXPECT_TRUE(lastCellIsSeen());
-}
-
-TEST_F(EditorsTest, WithoutItsInterfaceFileThereIsOneLogLineAndNoEditor) {
-    document = std::make_unique<MVTemperamentDocument>(temperamentPorts());
-    EXPECT_FALSE(
-        TemperamentEditor::create(ResourceFolder(QStringLiteral("/nowhere")), *document, log));
-    EXPECT_EQ(log.lines.size(), 1u);
-}
-
-TEST_F(EditorsTest, AnInterfaceFileThatLacksAControlIsRefused) {
-    document = std::make_unique<MVTemperamentDocument>(temperamentPorts());
-    std::ifstream shipped(VELTRANO_SOURCE_RESOURCES "/TemperamentDocument.ui");
-    const std::string whole((std::istreambuf_iterator<char>(shipped)), {});
-    for (const char* name : {"nameField", "descriptionField", "table", "graph"}) {
-        std::string lacking = whole;
-        const std::string quoted = std::string("name=\"") + name + '"';
-        const auto at = lacking.find(quoted);
-        ASSERT_NE(at, std::string::npos);
-        lacking.replace(at, quoted.size(), "name=\"other\"");
-        write("TemperamentDocument.ui", lacking);
-        const ResourceFolder folder(QString::fromStdString(path("")));
-        EXPECT_FALSE(TemperamentEditor::create(folder, *document, log)) << name;
-        ASSERT_FALSE(log.lines.empty());
-        EXPECT_NE(log.lines.back().find(name), std::string::npos) << log.lines.back();
+    constexpr Case kCases[] = {{"C", 0, 0}, {"the first row is A", 9, 1}};
+    for (const Case& c : kCases) {
+        TearDown();
+        temperament(c.tonic);
+        EXPECT_EQ(table().currentIndex().row(), c.row) << c.name;
+        EXPECT_EQ(table().currentIndex().column(), kCent) << c.name;
+        type("2");
+        press(Qt::Key_Return);
+        EXPECT_EQ(shown(c.row, kCent), "+2.000") << c.name;
     }
+    TearDown();
+    stretch();
+    press(Qt::Key_F2);
+    EXPECT_EQ(edited(), "0 1");
+}
+
+TEST_F(EditorsTest, EscapeLeavesTheStretchCellAsItWas) {
+    stretch();
+    select(4, 4);
+    press(Qt::Key_F2);
+    type("9");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(edited(), "");
+    EXPECT_EQ(shown(4, 4), "±0.000");
+    EXPECT_EQ(stretchDocument->changeCount(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), &table());
+}
+
+TEST_F(EditorsTest, AColumnIsWalkedToItsEndsByKeysAlone) {
+    // The A row of tonic C is 9; up wraps, down ends.
+    temperament();
+    press(Qt::Key_F2);
+    std::string down, up;
+    for (int i = 0; i < 13 && field(); ++i) {
+        down += std::to_string(table().currentIndex().row()) + " ";
+        press(Qt::Key_Return);
+    }
+    EXPECT_EQ(down, "0 1 2 3 4 5 6 7 8 10 11 ");
+    EXPECT_EQ(edited(), "");
+    press(Qt::Key_F2);
+    for (int i = 0; i < 13; ++i) {
+        up += std::to_string(table().currentIndex().row()) + " ";
+        press(Qt::Key_Return, Qt::ShiftModifier);
+    }
+    EXPECT_EQ(up, "11 10 8 7 6 5 4 3 2 1 0 11 10 ");
+    EXPECT_EQ(table().selectionModel()->selectedIndexes().size(), 1);
+}
+
+TEST_F(EditorsTest, AllKeysAreWalkedForthAndBack) {
+    stretch();
+    press(Qt::Key_F2);
+    const auto key = [this] {
+        return (table().currentIndex().column() - 1) * 12 + table().currentIndex().row();
+    };
+    for (int expected = 0; expected < 108; ++expected) {
+        ASSERT_TRUE(field()) << expected;
+        ASSERT_EQ(key(), expected);
+        press(Qt::Key_Return);
+    }
+    EXPECT_FALSE(field()) << "past B8";
+    press(Qt::Key_F2);
+    for (int expected = 107; expected >= 0; --expected) {
+        ASSERT_TRUE(field()) << expected;
+        ASSERT_EQ(key(), expected);
+        EXPECT_EQ(field()->selectedText(), "±0.000");
+        press(Qt::Key_Return, Qt::ShiftModifier);
+    }
+    EXPECT_FALSE(field()) << "before C0";
+    EXPECT_EQ(stretchDocument->changeCount(), 0);
+}
+
+TEST_F(EditorsTest, LeavingTheCellTakesItsTextOver) {
+    temperament();
+    press(Qt::Key_F2);
+    type("3");
+    editor->findChild<QWidget*>("nameField")->setFocus();
+    EXPECT_EQ(shown(0, kCent), "+3.000");
+    EXPECT_FALSE(table().findChild<QLineEdit*>()->isVisible() && field());
+}
+
+TEST_F(EditorsTest, ATextIsEditedWhereItStands) {
+    temperament();
+    press(Qt::Key_F2);
+    EXPECT_TRUE(field()->alignment() & Qt::AlignRight);
+}
+
+TEST_F(EditorsTest, TheRowOfASaysWhyItIsNotEdited) {
+    temperament(9);
+    const auto tip = [this](int row, int column) {
+        return table().model()->index(row, column).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_NE(tip(0, kCent), "");
+    EXPECT_EQ(tip(0, 0), "");
+    EXPECT_EQ(tip(1, kCent), "");
 }
 
 } // namespace

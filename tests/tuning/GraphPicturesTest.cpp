@@ -4,7 +4,6 @@
 #include "tests/support/Pictures.h"
 #include "tests/tuning/TuningTestBase.h"
 #include "tuning/GraphViews.h"
-#include "tuning/PrintPage.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -191,37 +190,6 @@ TEST_F(GraphPictures, WithoutADocumentThereIsNoCurve) {
     EXPECT_EQ(extentOfColor(pictureOf(stretchView).copy(besideTheLabels), kCurve), QRect());
     stretchView.setStretchDocument(&stretch);
     EXPECT_NE(extentOfColor(pictureOf(stretchView).copy(besideTheLabels), kCurve), QRect());
-}
-
-TEST(PrintPageTest, EverythingFitsOnOnePage) {
-    PrintPage page;
-    page.printName =
-        QStringLiteral("A name that is much longer than the page is wide ").repeated(5);
-    page.printDescription = QStringLiteral("And a description of many words. ").repeated(200);
-    page.printGraph.columns.resize(12, {CentGraph::grid(), {}});
-    page.columnTitles = {"Note", "Cent"};
-    page.rows.assign(12, {"C", "+0.000"});
-    for (const QSize size : {QSize(300, 480), QSize(380, 200), QSize(120, 700), QSize(900, 460)}) {
-        SCOPED_TRACE(std::to_string(size.width()) + " x " + std::to_string(size.height()));
-        const QRect area(QPoint(50, 60), size);
-        QImage paper(size + QSize(100, 120), QImage::Format_RGB32);
-        paper.fill(Qt::white);
-        QImage blank = paper;
-        {
-            QPainter painter(&paper);
-            page.paint(painter, area);
-        }
-        int lowestInk = 0;
-        for (int x = area.left(); x <= area.right(); ++x) {
-            for (int y = area.top(); y <= area.bottom(); ++y) {
-                if (qGray(paper.pixel(x, y)) < 140) lowestInk = std::max(lowestInk, y);
-            }
-        }
-        // The table is whole: its last row stands below the graph, within the page.
-        EXPECT_GT(lowestInk, area.top() + std::min({size.height() / 2, size.width(), 300}));
-        QPainter(&paper).fillRect(area, Qt::white);
-        EXPECT_EQ(paper, blank) << "ink outside the printable area";
-    }
 }
 
 } // namespace

@@ -60,6 +60,7 @@ void Document::updateChangeCount(ChangeKind kind) {
 }
 
 void Document::pushEdit(EditStep step) {
+    if (mHistory.isReplaying()) return;
     // The steps that led back to the saved state are dropped; the count would reach 0 without it.
     if (mChangeCount < 0) mIsSavedStateLost = true;
     mHistory.push(std::move(step));

@@ -7,6 +7,7 @@
 namespace veltrano {
 
 void EditHistory::push(EditStep step) {
+    if (mIsReplaying) return;
     mSteps.resize(mDone);
     mSteps.push_back(std::move(step));
     ++mDone;
@@ -20,11 +21,13 @@ int EditHistory::undo() {
     if (!canUndo()) return 0;
     const int run = mSteps[mDone - 1].run;
     int count = 0;
+    mIsReplaying = true;
     do {
         --mDone;
         ++count;
         mSteps[mDone].undo();
     } while (run != 0 && canUndo() && mSteps[mDone - 1].run == run);
+    mIsReplaying = false;
     return count;
 }
 
@@ -32,11 +35,13 @@ int EditHistory::redo() {
     if (!canRedo()) return 0;
     const int run = mSteps[mDone].run;
     int count = 0;
+    mIsReplaying = true;
     do {
         mSteps[mDone].redo();
         ++mDone;
         ++count;
     } while (run != 0 && canRedo() && mSteps[mDone].run == run);
+    mIsReplaying = false;
     return count;
 }
 

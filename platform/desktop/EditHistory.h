@@ -21,7 +21,10 @@ struct EditStep {
 /// The steps done and undone, in order. A new step drops those undone. Thread: main.
 class EditHistory {
 public:
-    void push(EditStep step); ///< the change has been made already
+    /// The change has been made already. What a step that is being undone or redone causes is part
+    /// of it and dropped.
+    void push(EditStep step);
+    bool isReplaying() const { return mIsReplaying; } ///< a step is being undone or redone
     bool canUndo() const { return mDone > 0; }
     bool canRedo() const { return mDone < mSteps.size(); }
     std::string undoName() const; ///< empty: nothing to undo
@@ -34,6 +37,7 @@ public:
 private:
     std::vector<EditStep> mSteps;
     std::size_t mDone = 0;
+    bool mIsReplaying = false;
 };
 
 } // namespace veltrano

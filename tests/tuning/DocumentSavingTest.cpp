@@ -189,6 +189,13 @@ TEST_F(ReadingBackTest, OtherTonicInRangeIsSaved) {
     EXPECT_TRUE(saves(document));
 }
 
+TEST_F(ReadingBackTest, OtherTonicWhoseShiftBackLeavesTheRangeIsAskedAbout) {
+    document.setCell(Column::cent, 2, "50");
+    document.setCell(Column::cent, 3, "-50");
+    setTonic(7); // the file itself is in range: 0 0 50 -50 ...
+    EXPECT_FALSE(saves(document));
+}
+
 TEST_F(ReadingBackTest, CarriageReturnInAStretchNameIsAskedAbout) {
     stretch.setName("two\rlines");
     EXPECT_FALSE(saves(stretch));

@@ -110,5 +110,25 @@ TEST_F(EditHistoryTest, ClearingForgetsBothWays) {
     EXPECT_EQ(history.undo() + history.redo(), 0);
 }
 
+TEST(EditHistoryReplay, WhatAStepCausesIsPartOfIt) {
+    EditHistory history;
+    int undone = 0;
+    const EditStep caused{"Caused", [] {}, [] {}, 0};
+    history.push({"First",
+                  [&] {
+                      EXPECT_TRUE(history.isReplaying());
+                      history.push(caused);
+                      ++undone;
+                  },
+                  [&] { history.push(caused); }, 0});
+    EXPECT_EQ(history.undo(), 1);
+    EXPECT_EQ(undone, 1);
+    EXPECT_EQ(history.redoName(), "First");
+    EXPECT_EQ(history.redo(), 1);
+    EXPECT_EQ(history.undoName(), "First");
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_FALSE(history.isReplaying());
+}
+
 } // namespace
 } // namespace veltrano

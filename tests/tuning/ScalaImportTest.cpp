@@ -54,9 +54,9 @@ protected:
     }
 
     UserDefaults defaults = UserDefaults::inMemory();
+    std::list<WindowRecord> windows; // outlive the documents' windows
     DocumentController controller{services, defaults};
     ScalaImport import{controller, panels};
-    std::list<WindowRecord> windows;
 };
 
 TEST_F(ScalaImportTest, FileBecomesAnUntitledDocumentOfItsName) {

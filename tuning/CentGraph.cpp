@@ -13,9 +13,7 @@ namespace veltrano {
 
 namespace {
 
-/// A line without soft edges: all lines of the grid are equally dark.
 void paintLine(QPainter& painter, const QPointF& from, const QPointF& to, const QColor& color) {
-    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(color, 1, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(QLineF(from, to));
 }
@@ -32,6 +30,8 @@ void paintLabel(QPainter& painter, const QPointF& baseline, double share, const 
 void CentGraph::paint(QPainter& painter, double width, double height) const {
     const QRectF bounds(0, 0, width, height);
     painter.save();
+    // Lines without soft edges: all of them are equally dark.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setClipRect(bounds, Qt::IntersectClip); // values can lie beyond the edges
     painter.fillRect(bounds, Qt::white);
     painter.setPen(QPen(grid(), 1));

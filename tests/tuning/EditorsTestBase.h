@@ -47,12 +47,15 @@ protected:
     }
 
     CellTable& table() { return *editor->findChild<CellTable*>("table"); }
-    QString shown(int row, int column) {
-        return table().model()->index(row, column).data().toString();
+    QModelIndex cell(int row, int column) { return table().model()->index(row, column); }
+    QString shown(int row, int column) { return cell(row, column).data().toString(); }
+    void select(int row, int column) { table().setCurrentIndex(cell(row, column)); }
+    template <class Widget = QWidget>
+    Widget& control(const char* name) {
+        return *editor->findChild<Widget*>(QString::fromUtf8(name));
     }
-    void select(int row, int column) {
-        table().setCurrentIndex(table().model()->index(row, column));
-    }
+    /// The name of the control that has the focus.
+    static std::string focused() { return QApplication::focusWidget()->objectName().toStdString(); }
     /// The field of the cell that is being edited; null: none is.
     QLineEdit* field() {
         auto* focus = qobject_cast<QLineEdit*>(QApplication::focusWidget());

@@ -104,6 +104,7 @@ std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& p
 void Application::makeController() {
     ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, *mWindow};
     ports.windows = this;
+    if (!mOptions.snapshotDir) ports.speech = &mSpeech;
     if (mRecording) {
         mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, *mWindow);
         ports.frames = mFrameWatch.get();

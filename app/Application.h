@@ -19,6 +19,7 @@
 #include "platform/desktop/DocumentPorts.h"
 #include "platform/desktop/ImageLibrary.h"
 #include "platform/desktop/ResourceFolder.h"
+#include "platform/desktop/SpeechEngine.h"
 #include "platform/foundation/MainThread.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/foundation/StandardErrorLog.h"
@@ -69,6 +70,7 @@ private:
     const LaunchOptions mOptions;
     StandardErrorLog mLog;
     SteadyClock mSteadyClock;
+    SpeechEngine mSpeech{mLog, mSteadyClock};
     RecordingClock mRecordingClock;
     std::unique_ptr<PulseHardware> mPulse; ///< null: pictures need no sound server
     VirtualHardware mVirtual;

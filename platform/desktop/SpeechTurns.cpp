@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/SpeechTurns.h"
+
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/Log.h"
+
+namespace veltrano {
+
+SpeechTurns::SpeechTurns(SpeechBackend& backend, Log& log, const Clock& clock)
+    : mBackend(backend), mLog(log), mClock(clock) {}
+
+bool SpeechTurns::isSpeaking() const { return mIsSpeaking && mClock.now() < mSpeakingUntil; }
+
+void SpeechTurns::say(std::string_view utf8) {
+    if (utf8.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
+    const double now = mClock.now();
+    if (mHasFailed && now < mRestsUntil) return;
+    if (mIsSpeaking) mBackend.fallSilent();
+    mAwaitsStart = mIsSpeaking; // unless the backend has told the end just now
+    mIsSpeaking = true;
+    mSpeakingUntil = now + kLongestSeconds + kLongestSecondsPerByte * double(utf8.size());
+    mBackend.speak(std::string(utf8));
+}
+
+void SpeechTurns::started() {
+    mAwaitsStart = false;
+    // A text that was replaced before it began may tell its beginning and its end yet.
+    mIsSpeaking = true;
+}
+
+void SpeechTurns::finished() {
+    if (!mAwaitsStart) mIsSpeaking = false;
+}
+
+void SpeechTurns::failed(const std::string& reason) {
+    mIsSpeaking = false;
+    mAwaitsStart = false;
+    mRestsUntil = mClock.now() + kRestSeconds;
+    if (mHasFailed) return;
+    mHasFailed = true;
+    mLog.detail("Nothing is spoken: " + reason);
+}
+
+} // namespace veltrano

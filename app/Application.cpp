@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Application.h"
 
-#include "platform/desktop/DrawingPass.h"
 #include "platform/desktop/QtDocumentPanels.h"
 #include "platform/desktop/UnattendedPanels.h"
 #include "platform/desktop/WindowPlacement.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <cstdio>
@@ -83,11 +81,24 @@ int Application::run(const std::function<void()>& willListen) {
         *mHardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog);
     mWindow = TunerWindow::create(mResources, mImages, mLog);
     if (!mWindow) return kRefused; // the log has said why
-    mDocuments.furnish(*mWindow, nullptr);
+    furnishWindows();
     makeController();
     mController->awakeFromNib();
     return mOptions.snapshotDir ? writeSnapshot() : runWindow(willListen);
 }
+
+void Application::furnishWindows() {
+    mDocuments.furnish(*mWindow, nullptr);
+    mAnalysis = std::make_unique<AnalysisWindows>(
+        mResources, PartialView::Ports{mPreferences, mNotifications, speech()}, mLog);
+    mAnalysis->forEach([this](AnalysisWindow& window) {
+        mDocuments.furnish(window, &window).keepShortcutsOnly();
+    });
+    mWindow->setNeighbours(mAnalysis->neighbours());
+}
+
+/// Nobody listens while pictures are made.
+SpeechPort* Application::speech() { return mOptions.snapshotDir ? nullptr : &mSpeech; }
 
 std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& path,
                                                             std::string& error) {
@@ -104,13 +115,15 @@ std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& p
 void Application::makeController() {
     ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, *mWindow};
     ports.windows = this;
-    if (!mOptions.snapshotDir) ports.speech = &mSpeech;
+    ports.speech = speech();
     if (mRecording) {
         mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, *mWindow);
         ports.frames = mFrameWatch.get();
         ports.inputDeviceForThisRun = nameOfRecording();
     }
     mController = std::make_unique<Controller>(ports);
+    const ApplicationWindows& windows = *this;
+    mTunerCommands = std::make_unique<TunerCommands>(*mController, mPreferences, windows);
 }
 
 const Clock& Application::clock() const {
@@ -149,32 +162,36 @@ int Application::runWindow(const std::function<void()>& willListen) {
 
 int Application::writeSnapshot() {
     mDocuments.openFiles(mOptions.files);
-    // The window stays hidden: each frame gets exactly one drawing pass, the event loop adds none.
-    QImage picture;
-    mFrameWatch->onFrame([this, &picture](double seconds) {
-        if (seconds <= mOptions.snapshotSeconds + kSameMoment) picture = drawingPass(*mWindow);
+    WindowPictures pictures = picturesOfOpenWindows();
+    mFrameWatch->onFrame([this, &pictures](double seconds) {
+        if (seconds <= mOptions.snapshotSeconds + kSameMoment) pictures.take();
     });
     const double rate = mRecording->sampleRate();
     while (static_cast<double>(mRecording->position()) / rate < mOptions.snapshotSeconds &&
            mRecording->playBlock()) {
         mController->serveFrames();
     }
-    if (picture.isNull()) picture = drawingPass(*mWindow); // not one frame was full yet
-    if (!QDir(*mOptions.snapshotDir).mkpath(QStringLiteral("."))) {
-        return refused("cannot make the folder " + mOptions.snapshotDir->toStdString());
-    }
-    int exitCode = writePicture(picture, QStringLiteral("tuner"));
-    for (EditorWindow* window : mDocuments.windows()) {
-        const QString name = QFileInfo(window->windowFilePath()).completeBaseName();
-        if (exitCode == kDone) exitCode = writePicture(drawingPass(*window), name);
-    }
-    return exitCode;
+    if (pictures.isEmpty()) pictures.take(); // not one frame was full yet
+    WindowPictures documents;
+    for (EditorWindow* window : mDocuments.windows())
+        documents.add(QFileInfo(window->windowFilePath()).completeBaseName(), *window);
+    documents.take();
+    QString failure = pictures.write(*mOptions.snapshotDir);
+    if (failure.isEmpty()) failure = documents.write(*mOptions.snapshotDir);
+    return failure.isEmpty() ? kDone : refused(failure.toStdString());
 }
 
-int Application::writePicture(const QImage& picture, const QString& name) {
-    const QString path = QDir(*mOptions.snapshotDir).filePath(name + QStringLiteral(".png"));
-    if (!picture.save(path)) return refused("cannot write " + path.toStdString());
-    return kDone;
+WindowPictures Application::picturesOfOpenWindows() {
+    WindowPictures pictures;
+    pictures.add(QStringLiteral("tuner"), *mWindow);
+    const auto addIfOpen = [&](bool isOpen, const char* name, AnalysisWindowKind kind) {
+        AnalysisWindow* const window = mAnalysis->window(kind);
+        if (isOpen && window) pictures.add(QLatin1String(name), *window);
+    };
+    addIfOpen(mPreferences.partials(), "partials", AnalysisWindowKind::partials);
+    addIfOpen(mPreferences.hilbertScope(), "hilbert", AnalysisWindowKind::hilbert);
+    addIfOpen(mPreferences.pianoKeyboard(), "piano", AnalysisWindowKind::piano);
+    return pictures;
 }
 
 void Application::followVisibility(QWindow::Visibility visibility) {
@@ -188,7 +205,22 @@ void Application::followVisibility(QWindow::Visibility visibility) {
     }
 }
 
-void Application::centerWindows() { centreOnScreen(*mWindow); }
+bool Application::isVisible(AnalysisWindowKind window) const {
+    return mAnalysis->isVisible(window);
+}
+
+void Application::orderFront(AnalysisWindowKind window) { mAnalysis->orderFront(window); }
+
+void Application::makeKeyAndOrderFront(AnalysisWindowKind window) {
+    mAnalysis->makeKeyAndOrderFront(window);
+}
+
+void Application::orderOut(AnalysisWindowKind window) { mAnalysis->orderOut(window); }
+
+void Application::centerWindows() {
+    centreOnScreen(*mWindow);
+    mAnalysis->forEach([](AnalysisWindow& window) { centreOnScreen(window); });
+}
 
 void Application::showTunerWindow() {
     mWindow->show();
@@ -208,15 +240,21 @@ std::optional<CommandState> Application::commandState(MenuCommand command) const
     case MenuCommand::closeWindow:
         return CommandState{}; // the tuner window's: it quits
     default:
-        return std::nullopt;
+        return mTunerCommands->commandState(command);
     }
 }
 
 void Application::perform(MenuCommand command) {
-    if (command == MenuCommand::help) {
+    switch (command) {
+    case MenuCommand::help:
         showHelp();
-    } else {
+        break;
+    case MenuCommand::quit:
+    case MenuCommand::closeWindow:
         quitLater();
+        break;
+    default:
+        mTunerCommands->perform(command);
     }
 }
 

@@ -2,12 +2,15 @@
 // Puts the program together and owns its parts.
 #pragma once
 
+#include "app/AnalysisWindows.h"
 #include "app/DocumentDesk.h"
 #include "app/FrameWatch.h"
 #include "app/LaunchOptions.h"
 #include "app/LibrariesInUse.h"
 #include "app/RecordingClock.h"
+#include "app/TunerCommands.h"
 #include "app/TunerWindow.h"
+#include "app/WindowPictures.h"
 #include "audio/AUUnitRegistry.h"
 #include "displays/HelpPanel.h"
 #include "engine/Controller.h"
@@ -52,7 +55,7 @@ private:
     std::string nameOfRecording() const; ///< of its device entry
     int runWindow(const std::function<void()>& willListen);
     int writeSnapshot();
-    int writePicture(const QImage& picture, const QString& name);
+    WindowPictures picturesOfOpenWindows();
     static UserDefaults defaultsFor(const LaunchOptions& options);
     std::unique_ptr<DocumentPanels> panelsFor(const LaunchOptions& options);
     LibrariesInUse librariesFor(const LaunchOptions& options);
@@ -60,6 +63,12 @@ private:
 
     void followVisibility(QWindow::Visibility visibility);
 
+    void furnishWindows();
+    SpeechPort* speech();
+    bool isVisible(AnalysisWindowKind window) const override;
+    void orderFront(AnalysisWindowKind window) override;
+    void makeKeyAndOrderFront(AnalysisWindowKind window) override;
+    void orderOut(AnalysisWindowKind window) override;
     void centerWindows() override;
     void showTunerWindow() override;
     void showHelp() override;
@@ -86,10 +95,12 @@ private:
     std::unique_ptr<AUUnitRegistry> mRegistry;
     ImageLibrary mImages;
     std::unique_ptr<TunerWindow> mWindow;
+    std::unique_ptr<AnalysisWindows> mAnalysis;
     DocumentDesk mDocuments;
     std::unique_ptr<HelpPanel> mHelp;
     std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
     std::unique_ptr<Controller> mController;
+    std::unique_ptr<TunerCommands> mTunerCommands;
     bool mIsHidden = false;
 };
 

@@ -77,6 +77,38 @@ const Items& editItems() {
     return items;
 }
 
+const Items& viewItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("&Tuner"), MenuCommand::showTunerWindow, {Qt::CTRL | Qt::Key_1}},
+        {VELTRANO_MENU_TEXT("Show &Partials"), MenuCommand::showPartials, {Qt::CTRL | Qt::Key_2}},
+        {VELTRANO_MENU_TEXT("Show &Hilbert Scope"),
+         MenuCommand::showHilbertScope,
+         {Qt::CTRL | Qt::Key_3}},
+        {VELTRANO_MENU_TEXT("Piano &Keyboard"),
+         MenuCommand::showPianoKeyboard,
+         {Qt::CTRL | Qt::Key_4}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("H&old Partials"), MenuCommand::partialsHold, {}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Scope with &Line"), MenuCommand::hilbertLine, {}},
+        {VELTRANO_MENU_TEXT("Scope with &Dots"), MenuCommand::hilbertDots, {}},
+        {VELTRANO_MENU_TEXT("Scope D&ecays"), MenuCommand::hilbertDecay, {}},
+        {VELTRANO_MENU_TEXT("Scope &Grid"), MenuCommand::hilbertGrid, {}}};
+    return items;
+}
+
+const Items& speechItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("Speak &Status"), MenuCommand::speakStatus, {Qt::CTRL | Qt::Key_D}},
+        {VELTRANO_MENU_TEXT("Speak &Details"),
+         MenuCommand::speakDetails,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_D}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Speak &Tune"), MenuCommand::speakTune, {Qt::CTRL | Qt::Key_T}},
+        {VELTRANO_MENU_TEXT("Speak &Hertz"), MenuCommand::speakHertz, {Qt::CTRL | Qt::Key_H}}};
+    return items;
+}
+
 const Items& helpItems() {
     static const Items items{
         {VELTRANO_MENU_TEXT("Veltrano &Help"), MenuCommand::help, {QKeySequence::HelpContents}}};
@@ -126,6 +158,8 @@ void ApplicationMenu::addMenus(QMainWindow& window) {
     file->addSeparator();
     fill(*file, restOfFileItems());
     fill(*add(tr("&Edit")), editItems());
+    fill(*add(tr("&Speech")), speechItems());
+    fill(*add(tr("&View")), viewItems());
     fill(*add(tr("&Help")), helpItems());
 }
 
@@ -141,6 +175,15 @@ void ApplicationMenu::addItem(QMenu& menu, const MenuItem& item) {
     if (item.command == MenuCommand::quit) action->setMenuRole(QAction::QuitRole);
     connect(action, &QAction::triggered, this,
             [this, command = item.command] { perform(command); });
+}
+
+void ApplicationMenu::keepShortcutsOnly() {
+    auto* window = static_cast<QMainWindow*>(parent());
+    window->menuBar()->hide();
+    // The keys of what a hidden bar holds are dead, those of the window's own actions are not.
+    for (QAction* action : window->menuBar()->findChildren<QAction*>()) {
+        if (action->property(kCommandProperty).isValid()) window->addAction(action);
+    }
 }
 
 QAction* ApplicationMenu::action(MenuCommand command) const {

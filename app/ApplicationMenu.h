@@ -33,6 +33,9 @@ public:
     /// @param chain its handlers live as long as the window
     ApplicationMenu(QMainWindow& window, CommandChain chain, RecentFiles recent);
 
+    /// Hides the bar; the keys go on working.
+    void keepShortcutsOnly();
+
     /// The item of a command; null for one that this bar has not.
     QAction* action(MenuCommand command) const;
 

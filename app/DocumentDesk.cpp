@@ -99,18 +99,19 @@ void DocumentDesk::closeLater(Document& document) {
     });
 }
 
-void DocumentDesk::furnish(QMainWindow& window, CommandHandler* own) {
+ApplicationMenu& DocumentDesk::furnish(QMainWindow& window, CommandHandler* own) {
     CommandChain chain{&mFocusedText};
     if (own) chain.push_back(own);
     chain.push_back(this);
     if (mApplication) chain.push_back(mApplication);
-    new ApplicationMenu(window, std::move(chain),
-                        {[this] { return mDocuments.recentPaths(); },
-                         [this](const std::string& path) { openFiles({path}); },
-                         [this] { mDocuments.clearRecentPaths(); }});
+    auto* menu = new ApplicationMenu(window, std::move(chain),
+                                     {[this] { return mDocuments.recentPaths(); },
+                                      [this](const std::string& path) { openFiles({path}); },
+                                      [this] { mDocuments.clearRecentPaths(); }});
     new FileDrop(
         window, [this](const std::string& path) { return mDocuments.kindOfPath(path) != nullptr; },
         [this](const std::vector<std::string>& paths) { openFiles(paths); });
+    return *menu;
 }
 
 void DocumentDesk::openFiles(const std::vector<std::string>& paths) {

@@ -43,7 +43,8 @@ public:
     void setApplication(CommandHandler* application) { mApplication = application; }
     /// Gives a window its menu bar and lets files be dropped on it.
     /// @param own answers first; null: the window has no commands of its own
-    void furnish(QMainWindow& window, CommandHandler* own);
+    /// @return its menu
+    ApplicationMenu& furnish(QMainWindow& window, CommandHandler* own);
 
     void openFiles(const std::vector<std::string>& paths);
     /// Asks for every edited document. False: the user refused, or a save failed.

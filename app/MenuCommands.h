@@ -30,6 +30,19 @@ enum class MenuCommand {
     paste,
     deleteAll,
     selectAll, // Edit
+    showTunerWindow,
+    showPartials,
+    showHilbertScope,
+    showPianoKeyboard,
+    partialsHold,
+    hilbertLine,
+    hilbertDots,
+    hilbertDecay,
+    hilbertGrid, // View
+    speakStatus,
+    speakDetails,
+    speakTune,
+    speakHertz, // Speech
     help
 };
 

@@ -11,6 +11,8 @@ namespace veltrano {
 
 /// The readings of a recording, a line per frame or per note.
 int runAnalyze(const QStringList& arguments);
+/// The partials of a recording, a line per analysis.
+int runPartials(const QStringList& arguments);
 /// The input and output devices.
 int runDevices(const QStringList& arguments);
 /// The readings of live input.

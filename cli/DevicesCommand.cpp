@@ -92,8 +92,7 @@ int runDevices(const QStringList& arguments) {
     parser.addOption({kWatch, QStringLiteral("Lists them again after every change.")});
     if (const std::optional<int> done = parseCommand(parser, arguments)) return *done;
     if (!parser.positionalArguments().isEmpty()) {
-        complain("devices takes no file. See veltrano-cli devices --help.");
-        return kWrongUsage;
+        return wrongUsage(QStringLiteral("devices"), QStringLiteral("devices takes no file"));
     }
 
     StandardErrorLog log;

@@ -46,8 +46,7 @@ std::optional<std::string> FileCommand::path(const QString& option) const {
 }
 
 std::optional<FileCommand::Request> FileCommand::fail(const QString& error) {
-    complain((error + ". See veltrano-cli " + mName + " --help.").toStdString());
-    mExitCode = kWrongUsage;
+    mExitCode = wrongUsage(mName, error);
     return std::nullopt;
 }
 

@@ -24,7 +24,7 @@ void HeadlessTuner::start(const std::optional<std::string>& deviceName) {
     const Clock& clock =
         mSetup.hasRecordingClock ? static_cast<const Clock&>(mRecordingClock) : *mClock;
     ControllerPorts ports{mRegistry, mPreferences, mNotifications, clock, mLog, mDisplay};
-    ports.frames = &mWriter;
+    if (mSetup.writesReadings) ports.frames = &mWriter;
     ports.frameCapacity = mSetup.frameCapacity;
     mController = std::make_unique<Controller>(ports);
     mController->awakeFromNib();

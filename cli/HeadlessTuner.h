@@ -27,6 +27,7 @@ public:
     struct Setup {
         TunerOptions options;
         TuningEntries entries; ///< of the files of the options
+        bool writesReadings = true;
         bool isTable = false;
         bool hasRecordingClock = false;      ///< the time is the recording's, not the machine's
         FrameRoad::Capacity frameCapacity{}; ///< room for what one block can complete
@@ -38,6 +39,7 @@ public:
 
     /// Opens the input device of that name; the default device without one.
     void start(const std::optional<std::string>& deviceName);
+    Controller& controller() { return *mController; } ///< once it is started
     void serveFrames() { mController->serveFrames(); }
     void finish() { mWriter.finish(); }
     std::string inputDeviceName() const;

@@ -60,10 +60,7 @@ int runListen(const QStringList& arguments) {
     if (const std::optional<int> done = parseCommand(parser, arguments)) return *done;
     QString error;
     std::optional<ListenOptions> options = read(parser, error);
-    if (!options) {
-        complain(error.toStdString() + ". See veltrano-cli listen --help.");
-        return kWrongUsage;
-    }
+    if (!options) return wrongUsage(QStringLiteral("listen"), error);
 
     StandardErrorLog log;
     std::optional<TuningEntries> entries = readTuningEntries(options->setup.options.files, log);

@@ -134,4 +134,9 @@ std::optional<int> parseCommand(QCommandLineParser& parser, const QStringList& a
     return std::nullopt;
 }
 
+int wrongUsage(const QString& command, const QString& error) {
+    complain((error + ". See veltrano-cli " + command + " --help.").toStdString());
+    return kWrongUsage;
+}
+
 } // namespace veltrano

@@ -41,4 +41,8 @@ void declareFormat(QCommandLineParser& parser);
 /// @return the exit code with which the command is done already, or nothing to go on
 std::optional<int> parseCommand(QCommandLineParser& parser, const QStringList& arguments);
 
+/// Says what is wrong with the use of a command and where it is explained.
+/// @return the exit code
+int wrongUsage(const QString& command, const QString& error);
+
 } // namespace veltrano

@@ -13,6 +13,7 @@ constexpr const char* kUsage = "Usage: veltrano-cli COMMAND [OPTIONS]\n"
                                "\n"
                                "Commands:\n"
                                "  analyze FILE   the readings of a recording\n"
+                               "  partials FILE  the partials of a recording\n"
                                "  listen         the readings of live input\n"
                                "  devices        the input and output devices\n"
                                "  temperament FILE\n"
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
     if (command == QLatin1String("analyze")) return runAnalyze(arguments);
+    if (command == QLatin1String("partials")) return runPartials(arguments);
     if (command == QLatin1String("listen")) return runListen(arguments);
     if (command == QLatin1String("devices")) return runDevices(arguments);
     if (command == QLatin1String("temperament")) return runTemperament(arguments);

@@ -3,7 +3,6 @@
 #include "engine/Controller.h"
 
 #include "engine/NumberTexts.h"
-#include "engine/PartialAnalysis.h"
 #include "platform/foundation/LenientNumber.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/NotificationNames.h"
@@ -22,7 +21,7 @@ constexpr std::int32_t kNoDisplayCent = std::numeric_limits<std::int32_t>::min()
 } // namespace
 
 Controller::Controller(const ControllerPorts& ports)
-    : mPorts(ports), mRoad(ports.frameCapacity),
+    : mPorts(ports), mRoad(ports.frameCapacity), mPartialDetector(ports.notifications),
       mFramesArrived(new QSocketNotifier(mRoad.descriptor(), QSocketNotifier::Read, this)),
       mDisplayCent(kNoDisplayCent) {
     connect(mFramesArrived, &QSocketNotifier::activated, this, &Controller::serveFrames);
@@ -59,6 +58,10 @@ void Controller::awakeFromNib() {
 
 void Controller::applicationDidFinishLaunching() {
     if (!mPorts.windows) return;
+    const Preferences& prefs = mPorts.preferences;
+    if (prefs.partials()) mPorts.windows->orderFront(AnalysisWindowKind::partials);
+    if (prefs.hilbertScope()) mPorts.windows->orderFront(AnalysisWindowKind::hilbert);
+    if (prefs.pianoKeyboard()) mPorts.windows->orderFront(AnalysisWindowKind::piano);
     mPorts.windows->showTunerWindow();
     if (firstLaunch) mPorts.windows->showHelp();
 }
@@ -66,7 +69,53 @@ void Controller::applicationDidFinishLaunching() {
 void Controller::applicationWillTerminate() {
     mAUInputUnit->stop();
     mObservations.clear();
+    storeVisibility();
     mPorts.preferences.savePreferences();
+}
+
+void Controller::storeVisibility() {
+    if (!mPorts.windows) return;
+    Preferences& prefs = mPorts.preferences;
+    prefs.setPianoKeyboard(mPorts.windows->isVisible(AnalysisWindowKind::piano));
+    prefs.setHilbertScope(mPorts.windows->isVisible(AnalysisWindowKind::hilbert));
+    prefs.setPartials(mPorts.windows->isVisible(AnalysisWindowKind::partials));
+}
+
+void Controller::showTunerWindow() {
+    if (mPorts.windows) mPorts.windows->showTunerWindow();
+}
+
+void Controller::showPianoKeyboard() {
+    if (mPorts.windows) mPorts.windows->makeKeyAndOrderFront(AnalysisWindowKind::piano);
+}
+
+void Controller::showHilbertScope() { toggle(AnalysisWindowKind::hilbert); }
+
+void Controller::showPartials() { toggle(AnalysisWindowKind::partials); }
+
+void Controller::toggle(AnalysisWindowKind window) {
+    if (!mPorts.windows) return;
+    if (mPorts.windows->isVisible(window)) {
+        mPorts.windows->orderOut(window);
+    } else {
+        mPorts.windows->makeKeyAndOrderFront(window);
+    }
+}
+
+void Controller::hilbertLine() { mPorts.preferences.setHilbertLine(true); }
+
+void Controller::hilbertDots() { mPorts.preferences.setHilbertLine(false); }
+
+void Controller::hilbertDecay() {
+    mPorts.preferences.setHilbertDecay(!mPorts.preferences.hilbertDecay());
+}
+
+void Controller::hilbertGrid() {
+    mPorts.preferences.setHilbertGrid(!mPorts.preferences.hilbertGrid());
+}
+
+void Controller::partialsHold() {
+    mPorts.preferences.setPartialsHold(!mPorts.preferences.partialsHold());
 }
 
 void Controller::applicationDidHide() {
@@ -156,7 +205,7 @@ void Controller::takeSampleRate() {
     }
     mRoad.setSampleRate(isRefused ? 0.0f : mSampleRate);
     mPorts.display.setStrobeSampleRate(mSampleRate);
-    if (mPorts.partials) mPorts.partials->setSampleRate(mSampleRate);
+    mPartialDetector.setSampleRate(double(mSampleRate));
 }
 
 Status Controller::inputIOProc(DeviceId, const AudioTimeStamp*, const AudioBufferList* input,

@@ -2,6 +2,7 @@
 // The tuner: takes frames, brings every display up to date, answers changes of the settings.
 #pragma once
 
+#include "analysis/PartialDetector.h"
 #include "audio/AUInputUnit.h"
 #include "engine/ControllerPorts.h"
 #include "engine/FrameRoad.h"
@@ -27,8 +28,9 @@ namespace veltrano {
 ///
 /// Thread: main, but for inputIOProc. There is no timer: the arrival of frames is the clock, and
 /// deadlines are compared with the time of each frame.
-/// Owns: the input unit and the road of frames. Lifecycle: awakeFromNib() once, then
-/// applicationDidFinishLaunching(), at the end applicationWillTerminate().
+/// Owns: the input unit, the detector of partials and the road of frames. Lifecycle: awakeFromNib()
+/// once, then applicationDidFinishLaunching(), at the end applicationWillTerminate(), while the
+/// windows are still as the user left them.
 class Controller : public QObject, public InputDeviceListener {
     Q_OBJECT
 public:
@@ -41,6 +43,17 @@ public:
     void applicationWillTerminate();
     void applicationDidHide();   ///< stops the input
     void applicationDidUnhide(); ///< starts it again
+
+    // Windows and what they show
+    void showTunerWindow();
+    void showPianoKeyboard();
+    void showHilbertScope(); ///< puts it away if it is visible
+    void showPartials();     ///< the same
+    void hilbertLine();
+    void hilbertDots();
+    void hilbertDecay(); ///< this and the following switch between on and off
+    void hilbertGrid();
+    void partialsHold();
 
     // Input
     /// Audio thread: one block of the input device.
@@ -74,6 +87,7 @@ public:
     void iaSpeakHertz();
 
     AUInputUnit& inputUnit() { return *mAUInputUnit; }
+    PartialDetector& partialDetector() { return mPartialDetector; }
 
     float sampleRate() const { return mSampleRate; } ///< [Hz] of the input device
 
@@ -87,6 +101,8 @@ private:
     void holdPeak(double now);
     void takeSampleRate();
     void logDroppedFrames();
+    void storeVisibility();
+    void toggle(AnalysisWindowKind window);
     void rest(); ///< shows that nothing is heard
     void observeSettings();
     void referencePitchNotification();
@@ -112,6 +128,7 @@ private:
     const ControllerPorts mPorts;
     FrameRoad mRoad;
     std::unique_ptr<AUInputUnit> mAUInputUnit;
+    PartialDetector mPartialDetector;
     QSocketNotifier* mFramesArrived; ///< child of this
     std::vector<NotificationCenter::Observation> mObservations;
 

@@ -6,7 +6,6 @@
 #include "engine/FrequencyGate.h"
 #include "engine/LevelMeter.h"
 #include "engine/NumberTexts.h"
-#include "engine/PartialAnalysis.h"
 #include "engine/PeriodDetector.h"
 #include "platform/desktop/SpeechPort.h"
 #include "platform/foundation/Clock.h"
@@ -79,7 +78,7 @@ void Controller::showWaveform(const FrameRef& frame) {
         display.setStrobeData(nullptr);
         display.setScopeData(silentFrame());
     }
-    if (mPorts.partials) mPorts.partials->setData(isSounding ? frame : nullptr);
+    mPartialDetector.setData(isSounding ? frame->samples : std::span<const float>());
 }
 
 void Controller::holdPeak(double now) {
@@ -101,6 +100,7 @@ void Controller::rest() {
     mPorts.display.setLight(TunerLight::inTune, LightImage::gray28x28);
     mPorts.display.setStrobeData(nullptr);
     mPorts.display.setScopeData(silentFrame());
+    mPartialDetector.setData({});
 }
 
 TuningChoice Controller::tuningChoice() const {

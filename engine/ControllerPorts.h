@@ -14,16 +14,23 @@ class AUUnitRegistry;
 class Clock;
 class Log;
 class NotificationCenter;
-class PartialAnalysis;
 class Preferences;
 class SpeechPort;
 class ToneGenerator;
 class TunerDisplay;
 
+/// The windows beside the tuner window.
+enum class AnalysisWindowKind { partials, hilbert, piano };
+constexpr int kAnalysisWindows = 3;
+
 /// The windows as the controller sees them. Thread: main.
 class ApplicationWindows {
 public:
     virtual ~ApplicationWindows() = default;
+    virtual bool isVisible(AnalysisWindowKind window) const = 0;
+    virtual void orderFront(AnalysisWindowKind window) = 0; ///< visible, without the keyboard focus
+    virtual void makeKeyAndOrderFront(AnalysisWindowKind window) = 0;
+    virtual void orderOut(AnalysisWindowKind window) = 0;
     virtual void centerWindows() = 0;   ///< on the first launch
     virtual void showTunerWindow() = 0; ///< key and front
     virtual void showHelp() = 0;
@@ -50,7 +57,6 @@ struct ControllerPorts {
     TunerDisplay& display;
     ApplicationWindows* windows = nullptr;
     SpeechPort* speech = nullptr;
-    PartialAnalysis* partials = nullptr;
     ToneGenerator* soundGen = nullptr;
     FrameObserver* frames = nullptr;
     /// An input device for this run only: it is selected instead of the saved one and not saved.

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace veltrano {
@@ -43,5 +44,8 @@ inline constexpr std::array<NoteSpelling, kPitchClasses> kNoteSpellings{{
 constexpr const NoteSpelling& spellingOfKey(int key) {
     return kNoteSpellings[static_cast<std::size_t>(key % kPitchClasses)];
 }
+
+/// Whether the key is one of the front row: C, D, E, F, G, A, B.
+constexpr bool isWhiteKey(std::int64_t pitchClass) { return ((0xAB5 >> pitchClass) & 1) != 0; }
 
 } // namespace veltrano

@@ -5,7 +5,6 @@
 #include "audio/AUUnitRegistry.h"
 #include "audio/ToneGenerator.h"
 #include "engine/Controller.h"
-#include "engine/PartialAnalysis.h"
 #include "platform/audio/VirtualHardware.h"
 #include "platform/foundation/Clock.h"
 #include "platform/foundation/MainThread.h"
@@ -16,6 +15,7 @@
 #include "tests/support/RecordingSpeech.h"
 #include "tests/support/RecordingTunerDisplay.h"
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -49,11 +49,25 @@ inline FrameRef frameOf(std::vector<float> samples) {
 /// The windows' calls by name.
 class RecordingWindows final : public ApplicationWindows {
 public:
+    bool isVisible(AnalysisWindowKind window) const override {
+        return visible[static_cast<std::size_t>(window)];
+    }
+    void orderFront(AnalysisWindowKind window) override { tell("front", window, true); }
+    void makeKeyAndOrderFront(AnalysisWindowKind window) override { tell("key", window, true); }
+    void orderOut(AnalysisWindowKind window) override { tell("out", window, false); }
     void centerWindows() override { calls.emplace_back("center"); }
     void showTunerWindow() override { calls.emplace_back("tuner"); }
     void showHelp() override { calls.emplace_back("help"); }
 
     std::vector<std::string> calls;
+    std::array<bool, kAnalysisWindows> visible{}; ///< by kind
+
+private:
+    void tell(const char* what, AnalysisWindowKind window, bool isVisible) {
+        static constexpr const char* kNames[] = {"partials", "hilbert", "piano"};
+        calls.push_back(std::string(what) + " " + kNames[static_cast<std::size_t>(window)]);
+        visible[static_cast<std::size_t>(window)] = isVisible;
+    }
 };
 
 /// The tone generator's calls.
@@ -65,16 +79,6 @@ public:
     void setWaveform(int) override {}
 
     std::vector<std::pair<float, float>> played;
-};
-
-/// What goes to the analysis of partials.
-class RecordingPartials final : public PartialAnalysis {
-public:
-    void setSampleRate(float hz) override { sampleRate = hz; }
-    void setData(FrameRef frame) override { frames.push_back(std::move(frame)); }
-
-    float sampleRate = 0;
-    std::vector<FrameRef> frames;
 };
 
 /// Thread: main, with a QCoreApplication.
@@ -98,7 +102,6 @@ struct ControllerRig {
     Controller& make() {
         ports.windows = &windows;
         ports.speech = &speech;
-        ports.partials = &partials;
         ports.soundGen = &tone;
         controller = std::make_unique<Controller>(ports);
         return *controller;
@@ -140,7 +143,6 @@ struct ControllerRig {
     RecordingWindows windows;
     RecordingSpeech speech;
     RecordingTone tone;
-    RecordingPartials partials;
     DeviceId device = 0;
     ControllerPorts ports{registry, preferences, notifications, clock, log, display};
     std::unique_ptr<Controller> controller;

@@ -26,7 +26,7 @@ TEST(Controller, StartsByTheSavedDevice) {
     EXPECT_FALSE(rig.hardware.isStarted(rig.device));
     EXPECT_EQ(rig.text(TunerText::inputDevice), "Other : Line");
     EXPECT_EQ(rig.display.strobeSampleRate, 48000.0f);
-    EXPECT_EQ(rig.partials.sampleRate, 48000.0f);
+    EXPECT_EQ(controller.partialDetector().sampleRate(), 48000.0f);
     EXPECT_EQ(controller.sampleRate(), 48000.0f);
 }
 
@@ -60,7 +60,8 @@ TEST(Controller, FirstLaunchCentresTheWindowsAndShowsHelp) {
     Controller& controller = rig.make();
     controller.awakeFromNib();
     controller.applicationDidFinishLaunching();
-    EXPECT_EQ(rig.windows.calls, (Lines{"center", "tuner", "help"}));
+    EXPECT_EQ(rig.windows.calls,
+              (Lines{"center", "front partials", "front hilbert", "front piano", "tuner", "help"}));
 }
 
 TEST(Controller, LaterLaunchesDoNot) {
@@ -70,7 +71,8 @@ TEST(Controller, LaterLaunchesDoNot) {
     Controller& controller = rig.make();
     controller.awakeFromNib();
     controller.applicationDidFinishLaunching();
-    EXPECT_EQ(rig.windows.calls, Lines{"tuner"});
+    EXPECT_EQ(rig.windows.calls,
+              (Lines{"front partials", "front hilbert", "front piano", "tuner"}));
 }
 
 TEST(Controller, TerminatingStopsTheInputAndSavesItsName) {
@@ -136,7 +138,7 @@ TEST(Controller, ARateChangeIsPassedOn) {
     rig.mainThread.runPending();
     EXPECT_EQ(controller.sampleRate(), 48000.0f);
     EXPECT_EQ(rig.display.strobeSampleRate, 48000.0f);
-    EXPECT_EQ(rig.partials.sampleRate, 48000.0f);
+    EXPECT_EQ(controller.partialDetector().sampleRate(), 48000.0f);
     rig.deliver(toneSamples(100, 0.5f, 5870));
     controller.serveFrames();
     EXPECT_EQ(rig.text(TunerText::frequency), "480.000");
@@ -213,7 +215,6 @@ TEST(Controller, AStalledMainThreadDropsWholeFramesAndSaysSo) {
     EXPECT_EQ(rig.display.callsOf("strobeData").size(), 32u);
     EXPECT_EQ(rig.log.details, Lines{"The display was late: 8 frames of input were dropped."});
     EXPECT_TRUE(rig.log.lines.empty());
-    rig.partials.frames.clear(); // whoever keeps a frame keeps its slot
     rig.deliver(toneSamples(100));
     controller.serveFrames();
     EXPECT_EQ(rig.display.callsOf("strobeData").size(), 33u);

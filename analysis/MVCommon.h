@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the analysis views share.
+#pragma once
+
+#include <QByteArray>
+#include <QColor>
+
+class QImage;
+class QPainter;
+class QRectF;
+
+namespace veltrano {
+
+/// Thread: main.
+class MVCommon {
+public:
+    /// Whether the user interface is dark just now. The views ask when they are made and at the
+    /// start of every drawing; nothing announces a change.
+    static bool appearanceIsDark();
+};
+
+/// @param level 0 black ... 1 white
+QColor grey(double level, double alpha = 1.0);
+
+/// Draws lines one point wide just inside @p rect, on whole device pixels.
+void frameRect(QPainter& painter, const QRectF& rect, const QColor& color);
+
+/// @return a PNG file, with the pixel ratio in it; empty for an image without pixels
+QByteArray pngRepresentation(const QImage& image);
+
+} // namespace veltrano

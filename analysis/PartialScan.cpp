@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Peaks of a power spectrum.
+#include "analysis/PartialScan.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace veltrano::partial_scan {
+
+namespace {
+
+/// 0.42 - 0.5 cos 2x + 0.08 cos 4x is (0.36 + 0.64 sin^2 x) sin^2 x, in which nothing cancels.
+std::array<float, kFrame> makeBlackmanWindow() {
+    std::array<float, kFrame> window{};
+    for (std::size_t n = 0; n < window.size(); ++n) {
+        const std::size_t fromEdge = std::min(n, window.size() - n);
+        const long double x = std::numbers::pi_v<long double> * static_cast<long double>(fromEdge) /
+                              static_cast<long double>(kFrame);
+        const long double sine = std::sin(x);
+        const long double square = sine * sine;
+        window[n] = static_cast<float>((0.36L + 0.64L * square) * square);
+    }
+    return window;
+}
+
+/// Meets a spectrum bin by bin and finds the peaks whose slopes are long enough.
+class PeakWalk {
+public:
+    explicit PeakWalk(float threshold) : mThreshold(threshold) {}
+
+    /// @return the peak's bin when this step completes one, otherwise 0
+    int step(int bin, float previous, float current) {
+        if (current - previous >= 0) {
+            rise();
+            return 0;
+        }
+        return fall(bin, previous);
+    }
+
+private:
+    enum class State { idle, rising, reachable, falling };
+    static constexpr int kSlope = 3; ///< steps that a peak needs on each side
+
+    void rise() {
+        switch (mState) {
+        case State::idle:
+            mRises = 1;
+            mState = State::rising;
+            break;
+        case State::rising:
+            ++mRises;
+            if (mRises >= kSlope) mState = State::reachable;
+            break;
+        case State::reachable:
+            break;
+        case State::falling:
+            mState = State::idle; // kept: this rise does not count for the next peak
+            break;
+        }
+    }
+
+    int fall(int bin, float previous) {
+        if (mState == State::reachable && previous >= mThreshold) {
+            mCandidate = bin - 1;
+            mFalls = 1;
+            mState = State::falling;
+            return 0;
+        }
+        if (mState == State::falling) {
+            ++mFalls;
+            if (mFalls < kSlope) return 0;
+            mState = State::idle;
+            return mCandidate;
+        }
+        mState = State::idle;
+        return 0;
+    }
+
+    const float mThreshold;
+    State mState = State::idle;
+    int mRises = 0;
+    int mFalls = 0;
+    int mCandidate = 0;
+};
+
+} // namespace
+
+const std::array<float, kFrame>& blackmanWindow() {
+    static const std::array<float, kFrame> window = makeBlackmanWindow();
+    return window;
+}
+
+int strongestBin(Power power) {
+    constexpr int kEnd = kFrame / 4;
+    float level = kSilentLevel;
+    int strongest = 0;
+    for (int bin = 1; bin < kEnd; ++bin) {
+        const float here = power[static_cast<std::size_t>(bin)];
+        if (here > level) {
+            level = here;
+            strongest = bin;
+        }
+    }
+    return strongest;
+}
+
+Partial peakAt(Power power, int bin, float sampleRateHz) {
+    double sum = 0;
+    double moment = 0;
+    for (int k = bin - kNeighbours; k <= bin + kNeighbours; ++k) {
+        const float hz = static_cast<float>(k) * sampleRateHz / float{kFrame};
+        const auto level = static_cast<double>(power[static_cast<std::size_t>(k)]);
+        sum += level;
+        moment += static_cast<double>(hz) * level;
+    }
+    return {static_cast<float>(moment / sum), static_cast<float>(sum)};
+}
+
+int scannedBins(float sampleRateHz, float factor) {
+    const float bins = kTopHz / (sampleRateHz / float{kFrame}) * factor;
+    if (!(bins > 0)) return 0; // no rate at all, or none that is a number
+    return static_cast<int>(std::min(bins, float{kBins}));
+}
+
+Partials detectPartials(Power power, const Scan& scan) {
+    Partials partials;
+    bool hasMain = false;
+    PeakWalk walk(scan.threshold);
+    const int end = scannedBins(scan.sampleRateHz, scan.factor);
+    for (int bin = 2; bin < end; ++bin) {
+        const auto at = static_cast<std::size_t>(bin);
+        const int peak = walk.step(bin, power[at - 1], power[at]);
+        if (peak == 0) continue;
+        Partial partial = peakAt(power, peak, scan.sampleRateHz);
+        partial.hz /= scan.factor;
+        partials.push_back(partial);
+        if (peak == scan.mainBin) hasMain = true;
+    }
+    if (!hasMain) partials.push_back(scan.strongest);
+    return partials;
+}
+
+} // namespace veltrano::partial_scan

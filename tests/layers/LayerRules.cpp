@@ -56,6 +56,9 @@ Include includeOf(std::string_view line) {
 /// <QString> or <QtCore/QString>; no other library begins with that letter.
 bool isQt(std::string_view header) { return header.starts_with('Q'); }
 
+/// Of Qt's libraries beside QtCore that have nothing to do with windows.
+const std::set<std::string> kOtherQtWithoutWindows{"QTextToSpeech"};
+
 } // namespace
 
 LayerRules::LayerRules(std::string_view rooms, std::string_view manifest,
@@ -127,7 +130,8 @@ std::string LayerRules::faultOfForeign(const std::string& path, Kind kind,
             return "a core file may not include <" + header + '>';
         }
     }
-    if (kind == Kind::plain && isQt(header) && !mQtCoreHeaders.contains(header)) {
+    if (kind == Kind::plain && isQt(header) && !mQtCoreHeaders.contains(header) &&
+        !kOtherQtWithoutWindows.contains(header)) {
         return "a plain file may not include <" + header + ">, which is not of QtCore";
     }
     return {};

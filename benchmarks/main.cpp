@@ -25,14 +25,19 @@ public:
         if (!shown.empty()) ConsoleReporter::ReportRuns(shown);
     }
 
-    void compareDetection() const {
-        const std::string ours = "PeriodDetector/key/", plain = "PlainPeakScan/key/";
+    /// Detection of a key beside the work that cannot be saved.
+    void compareDetections() const {
+        compare("PeriodDetector/key/", "PlainPeakScan/key/", "the plain scan");
+        compare("PartialDetector/key/", "TransformsAlone/key/", "its transforms alone");
+    }
+
+    void compare(const std::string& ours, const std::string& plain, const char* what) const {
         for (const auto& [name, time] : mMedians) {
             if (!name.starts_with(ours)) continue;
             const auto other = mMedians.find(plain + name.substr(ours.size()));
             if (other == mMedians.end()) continue;
-            std::printf("%s takes %.2f times the plain scan (at most 2 wanted).\n", name.c_str(),
-                        time / other->second);
+            std::printf("%s takes %.2f times %s (at most 2 wanted).\n", name.c_str(),
+                        time / other->second, what);
         }
     }
 
@@ -68,7 +73,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.compareDetection();
+    reporter.compareDetections();
     reporter.compareFileSizes();
     return 0;
 }

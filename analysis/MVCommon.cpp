@@ -8,8 +8,19 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
 namespace veltrano {
+
+namespace {
+
+/// A point, as the nearest whole number of device pixels, at least one.
+double onePoint(double pixelsPerPoint) {
+    return std::max(1.0, std::round(pixelsPerPoint)) / pixelsPerPoint;
+}
+
+} // namespace
 
 // Without an application there are no palettes, so nothing is dark.
 bool MVCommon::appearanceIsDark() { return qGuiApp != nullptr && Appearance::isDark(); }
@@ -20,11 +31,14 @@ QColor grey(double level, double alpha) {
 }
 
 void frameRect(QPainter& painter, const QRectF& rect, const QColor& color) {
-    const QRectF inner = rect.adjusted(1, 1, -1, -1);
-    painter.fillRect(QRectF(rect.left(), rect.top(), rect.width(), 1), color);
-    painter.fillRect(QRectF(rect.left(), inner.bottom(), rect.width(), 1), color);
-    painter.fillRect(QRectF(rect.left(), inner.top(), 1, inner.height()), color);
-    painter.fillRect(QRectF(inner.right(), inner.top(), 1, inner.height()), color);
+    const QTransform toDevice = painter.deviceTransform();
+    const double width = onePoint(toDevice.m11());
+    const double height = onePoint(toDevice.m22());
+    const QRectF inner = rect.adjusted(width, height, -width, -height);
+    painter.fillRect(QRectF(rect.left(), rect.top(), rect.width(), height), color);
+    painter.fillRect(QRectF(rect.left(), inner.bottom(), rect.width(), height), color);
+    painter.fillRect(QRectF(rect.left(), inner.top(), width, inner.height()), color);
+    painter.fillRect(QRectF(inner.right(), inner.top(), width, inner.height()), color);
 }
 
 QByteArray pngRepresentation(const QImage& image) {

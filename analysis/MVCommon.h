@@ -22,7 +22,8 @@ public:
 /// @param level 0 black ... 1 white
 QColor grey(double level, double alpha = 1.0);
 
-/// Draws lines one point wide just inside @p rect, on whole device pixels.
+/// Draws lines just inside @p rect, all as wide as the whole device pixels nearest to one point.
+/// @param rect on whole device pixels
 void frameRect(QPainter& painter, const QRectF& rect, const QColor& color);
 
 /// @return a PNG file, with the pixel ratio in it; empty for an image without pixels

@@ -16,6 +16,8 @@ using piano_keys::Key;
 namespace {
 
 const QColor kMark = Qt::red;
+/// Neighbours compute their common edge differently; on half a pixel, that must not part them.
+constexpr double kAgainstTies = 1e-6;
 
 } // namespace
 
@@ -65,9 +67,9 @@ void PianoView::paintEvent(QPaintEvent*) {
 // Edges lie on whole device pixels, so that neighbours leave no seam.
 void PianoView::drawKey(QPainter& painter, const Key& key) const {
     const piano_keys::Bounds& place = key.place;
+    const QRectF exact = YUp(height()).rect(place.x, place.y, place.width, place.height);
     const QRectF rect =
-        DevicePlace::of(painter, YUp(height()).rect(place.x, place.y, place.width, place.height))
-            .logical;
+        DevicePlace::of(painter, exact.translated(kAgainstTies, kAgainstTies)).logical;
     if (key.isMarked) {
         painter.fillRect(rect, kMark);
     } else if (key.isWhite) {

@@ -41,7 +41,7 @@ struct Place {
 
 /// nullopt outside A0 ... C8.
 std::optional<Place> placeOf(float hz, double referencePitchHz) {
-    const double v = 12.0 * std::log2(static_cast<double>(hz) / referencePitchHz) + kA4 + 0.5;
+    const double v = 12.0 * std::log2(static_cast<double>(hz) / referencePitchHz) + (kA4 + 0.5);
     if (!(v >= double{kLowestKey} && v < double{kHighestKey + 1})) return std::nullopt;
     double octave = 0;
     double note = 0;

@@ -8,6 +8,8 @@
 #include "platform/desktop/YUp.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
 namespace veltrano {
 
@@ -81,13 +83,17 @@ void PianoView::drawKey(QPainter& painter, const Key& key) const {
 }
 
 void PianoView::drawLabel(QPainter& painter, const piano_keys::Label& label) const {
-    QFont font = labelFont(label.fontSize);
+    // Fonts have whole sizes: the rest is scaled.
+    const double size = std::max(1.0, std::round(label.fontSize));
+    QFont font = labelFont(size);
     font.setBold(true);
     painter.setFont(font);
+    painter.translate(YUp(height()).point(label.x, label.y));
+    painter.scale(label.fontSize / size, label.fontSize / size);
     const QString text = QString::fromStdString(label.text);
     const QFontMetricsF metrics(font);
     QRectF place(0, 0, metrics.horizontalAdvance(text), metrics.height());
-    place.moveCenter(YUp(height()).point(label.x, label.y));
+    place.moveCenter(QPointF(0, 0));
     if (!label.isOnWhite) painter.fillRect(place, mBlackKeyNoteNameBackgroundColor);
     painter.setPen(label.isOnWhite ? mRedKeyAttributes : mHighlightBlackKeyAttributes);
     painter.drawText(QPointF(place.left(), place.top() + metrics.ascent()), text);

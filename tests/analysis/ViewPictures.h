@@ -13,6 +13,7 @@
 #include <QWidget>
 #include <cmath>
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace veltrano {
 
@@ -79,6 +80,26 @@ inline QImage drawn(QSize size, double pixelRatio, const std::function<void(QPai
     draw(painter);
     painter.end();
     return picture;
+}
+
+/// Tells where two pictures differ.
+inline testing::AssertionResult areSame(const QImage& seen, const QImage& expected) {
+    if (seen.size() != expected.size()) {
+        return testing::AssertionFailure() << seen.width() << " x " << seen.height() << ", not "
+                                           << expected.width() << " x " << expected.height();
+    }
+    QRect differing;
+    for (int y = 0; y < seen.height(); ++y) {
+        for (int x = 0; x < seen.width(); ++x) {
+            if (seen.pixel(x, y) != expected.pixel(x, y)) differing |= QRect(x, y, 1, 1);
+        }
+    }
+    if (differing.isEmpty()) return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << "within " << differing.width() << " x " << differing.height() << " pixels at "
+           << differing.x() << ", " << differing.y() << "; first "
+           << testing::PrintToString(seen.pixel(differing.topLeft())) << ", not "
+           << testing::PrintToString(expected.pixel(differing.topLeft()));
 }
 
 /// The font that texts in drawings have: the wanted one where it is, the system's otherwise.

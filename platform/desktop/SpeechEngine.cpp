@@ -1,34 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/SpeechEngine.h"
 
-#include <QLocale>
+#include "platform/desktop/SpeechChoice.h"
+
 #include <QTextToSpeech>
 #include <utility>
 
 namespace veltrano {
-
-namespace {
-
-/// Flite's is not used: in Qt 6.4 it is silent for many a text, and crashes when it is stopped.
-/// @returns an empty name when there is none
-QString usableEngine() {
-    QStringList engines = QTextToSpeech::availableEngines();
-    engines.removeAll(QStringLiteral("flite"));
-    const QString service = QStringLiteral("speechd");
-    return engines.contains(service) ? service : engines.value(0);
-}
-
-/// All texts are English; the users' own voice is kept when it is.
-void chooseEnglish(QTextToSpeech& engine) {
-    if (engine.locale().language() == QLocale::English) return;
-    for (const QLocale& locale : engine.availableLocales()) {
-        if (locale.language() != QLocale::English) continue;
-        engine.setLocale(locale);
-        return;
-    }
-}
-
-} // namespace
 
 SpeechEngine::SpeechEngine(Log& log, const Clock& clock) : mTurns(*this, log, clock) {}
 
@@ -57,7 +35,7 @@ void SpeechEngine::fallSilent() {
 
 QTextToSpeech* SpeechEngine::engine() {
     if (mEngine) return mEngine;
-    const QString name = usableEngine();
+    const QString name = speech_choice::engine(QTextToSpeech::availableEngines());
     if (name.isEmpty()) {
         tell([this] { mTurns.failed("no speech engine is installed"); });
         return nullptr;
@@ -72,7 +50,9 @@ QTextToSpeech* SpeechEngine::engine() {
                      [this](auto, const QString& reason) {
                          tell([this, text = reason.toStdString()] { mTurns.failed(text); });
                      });
-    chooseEnglish(*mEngine);
+    const QLocale inUse = mEngine->locale();
+    const QLocale english = speech_choice::language(inUse, mEngine->availableLocales());
+    if (english != inUse) mEngine->setLocale(english);
     return mEngine;
 }
 

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The voice itself: what is heard of it, what is logged without it, how it ends.
+#include "platform/desktop/SpeechEngine.h"
+
+#include "platform/foundation/Clock.h"
+#include "tests/support/RecordingLog.h"
+#include "tests/support/SoundServer.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cmath>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace veltrano {
+namespace {
+
+constexpr char kLongText[] = "Reference Pitch: 440.000 hertz. Temperament: equal. Stretch: none. "
+                             "Input Device: none. Input Peak Level: minus 12 dB. ";
+
+int gArgumentCount = 1;
+char gName[] = "platform_speech_tests";
+char* gArguments[] = {gName, nullptr};
+
+/// Serves events until the condition holds. @returns whether it does
+template <class Condition>
+bool await(Condition condition, int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > milliseconds) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+    return true;
+}
+
+/// Without a service, and without one that would be started in the user's name.
+class SpeechEngineTest : public testing::Test {
+protected:
+    SpeechEngineTest() {
+        QDir(folder.path()).mkpath("speech-dispatcher");
+        QFile settings(folder.filePath("speech-dispatcher/speechd.conf"));
+        EXPECT_TRUE(settings.open(QIODevice::WriteOnly));
+        settings.write("DisableAutoSpawn\n");
+        ::setenv("XDG_CONFIG_HOME", path("").c_str(), 1);
+        ::setenv("SPEECHD_ADDRESS", ("unix_socket:" + path("/socket")).c_str(), 1);
+    }
+    std::string path(const char* name) const { return folder.path().toStdString() + name; }
+    bool awaitEnd(int milliseconds = 30000) {
+        return await([this] { return !engine->isSpeaking(); }, milliseconds);
+    }
+    void serve(int milliseconds) {
+        await([] { return false; }, milliseconds);
+    }
+
+    QTemporaryDir folder;
+    QCoreApplication application{gArgumentCount, gArguments};
+    RecordingLog log;
+    ManualClock clock;
+    std::unique_ptr<SpeechEngine> engine = std::make_unique<SpeechEngine>(log, clock);
+};
+
+using NoSpeechTest = SpeechEngineTest;
+
+TEST_F(NoSpeechTest, AServiceThatCannotBeReachedIsOneLogLine) {
+    for (const char* text : {"one", "two"}) {
+        engine->say(text);
+        EXPECT_TRUE(awaitEnd()) << text;
+        clock.set(clock.now() + SpeechTurns::kRestSeconds);
+    }
+    EXPECT_EQ(log.details, std::vector<std::string>{
+                               "Nothing is spoken: Connection to speech-dispatcher failed"});
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(NoSpeechTest, EndsAtAnyMoment) {
+    engine->say("one");
+    serve(300);
+    engine.reset();
+    engine = std::make_unique<SpeechEngine>(log, clock);
+    engine->say("one");
+    engine.reset(); // with the failure on its way
+    serve(20);
+    EXPECT_EQ(log.details.size(), 1u);
+}
+
+/// A private speech service that plays into a private sound server, and a recorder.
+class SpokenTest : public SpeechEngineTest {
+protected:
+    void SetUp() override {
+        if (const auto reason = SoundServer::missing(SoundServer::Kind::pulseAudio))
+            GTEST_SKIP() << *reason;
+        if (std::system("command -v speech-dispatcher >/dev/null") != 0)
+            GTEST_SKIP() << "the program speech-dispatcher is not installed";
+        ASSERT_TRUE(sound.start()) << sound.output();
+        service = launched({"speech-dispatcher", "--run-single", "--timeout", "0", "--socket-path",
+                            path("/socket"), "--pid-file", path("/pid"), "--log-dir", path("")},
+                           "/service");
+        ASSERT_TRUE(await([this] { return QFile::exists(folder.filePath("socket")); }, 20000));
+        recorder = launched({"pacat", "--record", "--raw", "--format=s16ne", "--channels=1",
+                             "--rate=8000", "--latency-msec=20", "--device=test.monitor"},
+                            "/recording");
+        ASSERT_TRUE(await([this] { return !recorded().isEmpty(); }, 10000));
+    }
+    void TearDown() override {
+        engine.reset();
+        if (service) service->signal(SIGTERM); // so that it ends its modules
+        if (service) service->await();
+    }
+
+    std::unique_ptr<TestProcess> launched(const std::vector<std::string>& command,
+                                          const char* output) const {
+        return std::make_unique<TestProcess>(
+            command,
+            std::vector<std::string>{"PULSE_SERVER=" + sound.address(), "HOME=" + path("")},
+            path(output));
+    }
+    QByteArray recorded() const {
+        QFile file(folder.filePath("recording"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// The seconds that were loud since the last call; a tenth counts when it is.
+    double heardSeconds() {
+        const QByteArray all = recorded();
+        const auto* samples = reinterpret_cast<const short*>(all.constData());
+        const qsizetype end = all.size() / qsizetype(sizeof(short)) - kTenth;
+        double seconds = 0;
+        for (; heardSamples <= end; heardSamples += kTenth) {
+            double power = 0;
+            for (qsizetype index = 0; index < kTenth; ++index)
+                power += std::pow(double(samples[heardSamples + index]), 2);
+            if (std::sqrt(power / kTenth) > kLoud) seconds += 0.1;
+        }
+        return seconds;
+    }
+    bool awaitSound() {
+        return await([this] { return heardSeconds() > 0; }, 20000);
+    }
+
+    static constexpr qsizetype kTenth = 800; ///< [samples]
+    static constexpr double kLoud = 300;     ///< of 32768; a voice has thousands
+    SoundServer sound{SoundServer::Kind::pulseAudio, SoundServer::Devices::sink};
+    std::unique_ptr<TestProcess> service;
+    std::unique_ptr<TestProcess> recorder;
+    qsizetype heardSamples = 0;
+};
+
+TEST_F(SpokenTest, SaysTextsAndTheNewOneReplacesTheOld) {
+    QElapsedTimer timer;
+    timer.start();
+    engine->say("A flat, in tune");
+    EXPECT_LT(timer.elapsed(), 500) << "the engine takes its time, the caller does not wait";
+    EXPECT_TRUE(engine->isSpeaking());
+    ASSERT_TRUE(awaitEnd());
+    serve(300); // the sound is on its way through the server
+    EXPECT_GT(heardSeconds(), 0.5);
+
+    engine->say(kLongText);
+    ASSERT_TRUE(awaitSound());
+    engine->say("two");
+    EXPECT_TRUE(engine->isSpeaking());
+    serve(100);
+    EXPECT_TRUE(engine->isSpeaking()) << "the end of the old text is not that of the new one";
+    ASSERT_TRUE(awaitEnd());
+    serve(300);
+    const double seconds = heardSeconds();
+    EXPECT_GT(seconds, 0.1);
+    EXPECT_LT(seconds, 2) << "the long text takes ten";
+    EXPECT_TRUE(log.details.empty());
+}
+
+TEST_F(SpokenTest, FallsSilentWhenItEnds) {
+    engine->say(kLongText);
+    ASSERT_TRUE(awaitSound());
+    QElapsedTimer timer;
+    timer.start();
+    engine.reset();
+    EXPECT_LT(timer.elapsed(), 1000);
+    serve(500);
+    heardSeconds();
+    serve(1000);
+    EXPECT_EQ(heardSeconds(), 0);
+
+    // Just being made, and before that.
+    for (const int milliseconds : {50, 0}) {
+        engine = std::make_unique<SpeechEngine>(log, clock);
+        engine->say("one");
+        serve(milliseconds);
+        engine.reset();
+    }
+}
+
+TEST_F(SpokenTest, AServiceThatDiesIsAFailure) {
+    engine->say(kLongText);
+    ASSERT_TRUE(awaitSound());
+    service->signal(SIGTERM);
+    service->await();
+    serve(100);
+    engine->say("two");
+    EXPECT_TRUE(awaitEnd());
+    EXPECT_EQ(log.details.size(), 1u);
+}
+
+} // namespace
+} // namespace veltrano

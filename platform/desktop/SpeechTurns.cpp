@@ -14,7 +14,8 @@ bool SpeechTurns::isSpeaking() const { return mIsSpeaking && mClock.now() < mSpe
 void SpeechTurns::say(std::string_view utf8) {
     if (utf8.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
     const double now = mClock.now();
-    if (mHasFailed && now < mRestsUntil) return;
+    if (now < mRestsUntil) return;
+    if (mIsSpeaking && now >= mSpeakingUntil) logOnce("the speech engine does not answer");
     if (mIsSpeaking) mBackend.fallSilent();
     mAwaitsStart = mIsSpeaking; // unless the backend has told the end just now
     mIsSpeaking = true;
@@ -34,10 +35,13 @@ void SpeechTurns::finished() {
 
 void SpeechTurns::failed(const std::string& reason) {
     mIsSpeaking = false;
-    mAwaitsStart = false;
     mRestsUntil = mClock.now() + kRestSeconds;
-    if (mHasFailed) return;
-    mHasFailed = true;
+    logOnce(reason);
+}
+
+void SpeechTurns::logOnce(const std::string& reason) {
+    if (mHasLogged) return;
+    mHasLogged = true;
     mLog.detail("Nothing is spoken: " + reason);
 }
 

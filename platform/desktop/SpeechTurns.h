@@ -5,6 +5,7 @@
 #include "platform/desktop/SpeechBackend.h"
 #include "platform/desktop/SpeechPort.h"
 
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,8 @@ public:
     /// After a failure no text is given to the backend for this long, so that reports that come
     /// with every frame do not knock at a door that stays shut.
     static constexpr double kRestSeconds = 5;
-    /// The flag falls by itself after these for a text, slower than any voice: an engine that died
-    /// would mute the reports for good.
+    /// The flag falls by itself after these for a text, slower than any voice: an engine that hangs
+    /// would mute the reports for good. The next text then logs that it hangs.
     static constexpr double kLongestSeconds = 10;
     static constexpr double kLongestSecondsPerByte = 0.5;
 
@@ -41,14 +42,16 @@ public:
     void failed(const std::string& reason);
 
 private:
+    void logOnce(const std::string& reason);
+
     SpeechBackend& mBackend;
     Log& mLog;
     const Clock& mClock;
     bool mIsSpeaking = false;
     bool mAwaitsStart = false; ///< the next end is that of the replaced text
-    bool mHasFailed = false;
-    double mSpeakingUntil = 0; ///< [s] of the clock
-    double mRestsUntil = 0;    ///< [s] of the clock; counts once something has failed
+    bool mHasLogged = false;
+    double mSpeakingUntil = 0;                                     ///< [s] of the clock
+    double mRestsUntil = -std::numeric_limits<double>::infinity(); ///< [s] of the clock
 };
 
 } // namespace veltrano

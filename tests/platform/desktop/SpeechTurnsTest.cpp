@@ -117,16 +117,29 @@ TEST(SpeechTurns, AFailureClearsTheFlagAndIsLoggedOnce) {
     }
 }
 
-TEST(SpeechTurns, AnEngineThatNeverTellsTheEndDoesNotMuteTheReports) {
-    const Case cases[] = {
-        {"ten seconds and half a second for a byte", "four +11.9 ? +0.2 ?", "[four]10"},
-        {"the same after a start", "four < +11.9 ? +0.2 ?", "[four]10"},
-        {"the next text has its own", "four +13 ? four ? +11.9 ? +0.2 ?", "[four]0stop [four]110"},
-        {"a failure long ago is no rest", "! +6 A ? +100 ?", "[A]10"},
+TEST(SpeechTurns, AnEngineThatHangsDoesNotMuteTheReports) {
+    const std::string kHangs = "Nothing is spoken: the speech engine does not answer";
+    const struct {
+        const char* name;
+        const char* script;
+        const char* told;
+        std::vector<std::string> details;
+    } cases[] = {
+        {"ten seconds and half a second for a byte", "four +11.9 ? +0.2 ?", "[four]10", {}},
+        {"the same after a start", "four < +11.9 ? +0.2 ?", "[four]10", {}},
+        {"in time", "four +11.9 four", "[four]stop [four]", {}},
+        {"the next text has its own",
+         "four +13 ? four ? +11.9 ? +0.2 ?",
+         "[four]0stop [four]110",
+         {kHangs}},
+        {"logged once", "four +13 four +13 four ?", "[four]stop [four]stop [four]1", {kHangs}},
+        {"a failure after it is not logged", "four +13 four ! ?", "[four]stop [four]0", {kHangs}},
+        {"a clock that began in the past", "+-100 A ? +10.4 ? +0.2 ?", "[A]110", {}},
     };
     for (const auto& c : cases) {
         Rig rig;
         EXPECT_EQ(rig.play(c.script), c.told) << c.name;
+        EXPECT_EQ(rig.log.details, c.details) << c.name;
     }
 }
 

@@ -254,9 +254,12 @@ Status PulseHardware::start(DeviceId id, AudioDeviceIOProc proc) {
     if (!device) return kBadDevice;
     Private::IOProc* const added = m->addedProc(id, proc);
     if (!added) return kNotAdded;
-    if (device->direction != Direction::input) return kNotSupported;
     const PulseMainLoop::Lock lock(m->loop);
-    m->session.startInput({id, proc, added->refCon}, *device);
+    if (device->direction == Direction::input) {
+        m->session.startInput({id, proc, added->refCon}, *device);
+    } else {
+        m->session.startOutput({id, proc, added->refCon}, *device);
+    }
     added->isStarted = true;
     return kOk;
 }
@@ -267,6 +270,7 @@ Status PulseHardware::stop(DeviceId id, AudioDeviceIOProc proc) {
     if (!added) return kNotAdded;
     const PulseMainLoop::Lock lock(m->loop);
     m->session.stopInput(id);
+    m->session.stopOutput(id);
     added->isStarted = false;
     return kOk;
 }

@@ -20,7 +20,8 @@ struct DeviceRecord;
 ///
 /// Device ids are 1 ... 0x3FFFFFFF and belong to the server's names for the life of this object.
 /// Channel 0 has no volume. I/O procedures get one buffer of interleaved floats in the device's own
-/// rate and channels; the first block's sample time is its length. Outputs cannot be started.
+/// rate and channels; the first block's sample time is its length. An output is asked for such
+/// a buffer.
 ///
 /// Thread: main; nothing waits for the server. Listeners are called on a thread of this object's
 /// own, I/O procedures on libpulse's. start() and stop() not from inside an I/O procedure.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/audio/PulseInputStream.h"
 
+#include "platform/audio/PulseChannels.h"
 #include "platform/foundation/SteadyClock.h"
 
 #include <algorithm>
@@ -14,29 +15,13 @@ constexpr std::size_t kBlockFrames = 4096;  ///< a longer block is delivered in 
 constexpr double kFragmentSeconds = 0.02;   ///< how often the server is asked to deliver
 constexpr double kServerQueueSeconds = 1.0; ///< what it may keep for us when we are slow
 
-std::uint32_t bytesOf(double seconds, const pa_sample_spec& format) {
-    const double frames = std::max(1.0, seconds * double(format.rate));
-    return std::uint32_t(frames) * std::uint32_t(pa_frame_size(&format));
-}
-
 pa_buffer_attr bufferSizes(const pa_sample_spec& format) {
     constexpr auto kDontCare = std::uint32_t(-1);
     pa_buffer_attr sizes{};
-    sizes.maxlength = bytesOf(kServerQueueSeconds, format);
-    sizes.fragsize = bytesOf(kFragmentSeconds, format);
+    sizes.maxlength = pulseBytesOf(kServerQueueSeconds, format);
+    sizes.fragsize = pulseBytesOf(kFragmentSeconds, format);
     sizes.tlength = sizes.prebuf = sizes.minreq = kDontCare; // playback only
     return sizes;
-}
-
-pa_channel_map channelMap(const std::vector<std::uint32_t>& positions) {
-    pa_channel_map map;
-    pa_channel_map_init(&map);
-    const std::size_t channels = std::min<std::size_t>(positions.size(), PA_CHANNELS_MAX);
-    map.channels = std::uint8_t(channels);
-    for (std::size_t channel = 0; channel < channels; ++channel) {
-        map.map[channel] = pa_channel_position_t(positions[channel]);
-    }
-    return map;
 }
 
 } // namespace
@@ -64,7 +49,7 @@ Status PulseInputStream::open(pa_context* context, const DeviceRecord& device, d
     mOpenedAt = now;
     const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, std::uint32_t(mFormat.sampleRate),
                                 std::uint8_t(mFormat.channelsPerFrame)};
-    const pa_channel_map map = channelMap(device.channelPositions);
+    const pa_channel_map map = pulseChannelMap(device.channelPositions);
     mStream = pa_stream_new(context, "Tuner", &format, &map);
     if (!mStream) return pa_context_errno(context);
     pa_stream_set_state_callback(mStream, &PulseInputStream::onState, this);

@@ -77,6 +77,7 @@ void PulseSession::tend() {
     for (auto& [device, input] : mInputs) {
         if (input.stream->isAttached()) tendInput(device, input, now);
     }
+    mOutputs.tend(mConnection.context(), mPolicy.live(), now);
     watchForHang(now);
     announce(now);
     armTimer(now);
@@ -178,6 +179,7 @@ void PulseSession::armTimer(double now) {
         if (input.retryAt > now) consider(input.retryAt);
         if (stream.isOpen() && stream.watch().isSpent()) consider(now + kReopenSeconds);
     }
+    consider(mOutputs.deadline(now));
     const double answerDue = mProbedAt + kAnswerSeconds;
     if (mProbe && answerDue > now) consider(answerDue);
     if (next) {
@@ -215,6 +217,13 @@ void PulseSession::stopInput(DeviceId device) {
     }
     mTimer.armNow();
 }
+
+void PulseSession::startOutput(const PulseOutputStream::Client& client,
+                               const DeviceRecord& device) {
+    mOutputs.start(client, device, mClock.now());
+}
+
+void PulseSession::stopOutput(DeviceId device) { mOutputs.stop(device, mClock.now()); }
 
 Status PulseSession::setVolumes(const DeviceRecord& device, const std::vector<float>& scalars) {
     pa_context* const context = mConnection.context();

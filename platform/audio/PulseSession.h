@@ -6,6 +6,7 @@
 #include "platform/audio/PulseConnection.h"
 #include "platform/audio/PulseInputStream.h"
 #include "platform/audio/PulseLister.h"
+#include "platform/audio/PulseOutputs.h"
 #include "platform/audio/PulseTimer.h"
 #include "platform/audio/ServerDeviceTable.h"
 #include "platform/foundation/Log.h"
@@ -39,6 +40,10 @@ public:
     void startInput(const PulseInputStream::Client& client, const DeviceRecord& device);
     /// When it has returned, the procedure is not running and is not called again.
     void stopInput(DeviceId device);
+
+    /// The same for an output device, whose procedure is asked for sound.
+    void startOutput(const PulseOutputStream::Client& client, const DeviceRecord& device);
+    void stopOutput(DeviceId device);
 
     /// @param scalars one per channel, in [0, 1] @returns 0 or libpulse's error code
     Status setVolumes(const DeviceRecord& device, const std::vector<float>& scalars);
@@ -84,10 +89,11 @@ private:
     PulseConnection mConnection;
     PulseLister mLister;
     std::map<DeviceId, Input> mInputs; ///< the started devices, and those just stopped
-    PulseOperation mProbe;             ///< asks a server that gives no sound whether it is alive
-    double mProbedAt = 0;              ///< [s]
-    bool mIsHung = false;              ///< it did not answer; its devices count as unplugged
-    bool mIsBeginning = true;          ///< somebody waits for the first list
+    PulseOutputs mOutputs{mLog, [this] { mTimer.armNow(); }};
+    PulseOperation mProbe;    ///< asks a server that gives no sound whether it is alive
+    double mProbedAt = 0;     ///< [s]
+    bool mIsHung = false;     ///< it did not answer; its devices count as unplugged
+    bool mIsBeginning = true; ///< somebody waits for the first list
 };
 
 } // namespace veltrano

@@ -67,6 +67,9 @@ Application::Application(const LaunchOptions& options)
     }
     parts.push_back({&mVirtual, VirtualHardware::kFirstId});
     mHardware = std::make_unique<CombinedHardware>(std::move(parts));
+    if (mOptions.snapshotDir) return; // pictures make no sound
+    mOutputUnits = std::make_unique<HardwareOutputUnits>(
+        *mHardware, [this](auto function) { mMainThread.post(std::move(function)); });
 }
 
 Application::~Application() = default;
@@ -88,7 +91,7 @@ int Application::run(const std::function<void()>& willListen) {
 }
 
 void Application::furnishWindows() {
-    mDocuments.furnish(*mWindow, nullptr);
+    mDocuments.furnish(*mWindow, mWindow.get());
     mAnalysis = std::make_unique<AnalysisWindows>(
         mResources, PartialView::Ports{mPreferences, mNotifications, speech()}, mLog);
     mAnalysis->forEach([this](AnalysisWindow& window) {
@@ -116,6 +119,7 @@ void Application::makeController() {
     ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, *mWindow};
     ports.windows = this;
     ports.speech = speech();
+    ports.outputUnits = mOutputUnits.get();
     if (mRecording) {
         mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, *mWindow);
         ports.frames = mFrameWatch.get();
@@ -123,6 +127,11 @@ void Application::makeController() {
     }
     mController = std::make_unique<Controller>(ports);
     const ApplicationWindows& windows = *this;
+    mWindow->setCommandSender([this](MenuCommand command) {
+        if (!mTunerCommands->commandState(command)) return false;
+        mTunerCommands->perform(command);
+        return true;
+    });
     mTunerCommands = std::make_unique<TunerCommands>(*mController, mPreferences, windows);
 }
 

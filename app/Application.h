@@ -15,6 +15,7 @@
 #include "displays/HelpPanel.h"
 #include "engine/Controller.h"
 #include "platform/audio/CombinedHardware.h"
+#include "platform/audio/HardwareOutputUnit.h"
 #include "platform/audio/PulseHardware.h"
 #include "platform/audio/Recording.h"
 #include "platform/audio/RecordingDevice.h"
@@ -84,7 +85,8 @@ private:
     std::unique_ptr<PulseHardware> mPulse; ///< null: pictures need no sound server
     VirtualHardware mVirtual;
     std::unique_ptr<CombinedHardware> mHardware;
-    std::unique_ptr<RecordingDevice> mRecording; ///< null without --input
+    std::unique_ptr<HardwareOutputUnits> mOutputUnits; ///< null: no sound is made
+    std::unique_ptr<RecordingDevice> mRecording;       ///< null without --input
     UserDefaults mDefaults;
     NotificationCenter mNotifications;
     MainThread mMainThread;

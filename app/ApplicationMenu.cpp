@@ -77,6 +77,20 @@ const Items& editItems() {
     return items;
 }
 
+const Items& tunerItems() {
+    static const Items items{
+        {VELTRANO_MENU_TEXT("&Manual Mode"), MenuCommand::autoManualToggle, {}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Note &Up"), MenuCommand::noteUp, {}},
+        {VELTRANO_MENU_TEXT("Note &Down"), MenuCommand::noteDown, {}},
+        {VELTRANO_MENU_TEXT("&Octave Up"), MenuCommand::octaveUp, {}},
+        {VELTRANO_MENU_TEXT("O&ctave Down"), MenuCommand::octaveDown, {}},
+        {nullptr},
+        {VELTRANO_MENU_TEXT("Sound &Back"), MenuCommand::soundBackToggle, {}},
+        {VELTRANO_MENU_TEXT("&Play"), MenuCommand::playSoundBack, {}}};
+    return items;
+}
+
 const Items& viewItems() {
     static const Items items{
         {VELTRANO_MENU_TEXT("&Tuner"), MenuCommand::showTunerWindow, {Qt::CTRL | Qt::Key_1}},
@@ -158,6 +172,7 @@ void ApplicationMenu::addMenus(QMainWindow& window) {
     file->addSeparator();
     fill(*file, restOfFileItems());
     fill(*add(tr("&Edit")), editItems());
+    fill(*add(tr("&Tuner")), tunerItems());
     fill(*add(tr("&Speech")), speechItems());
     fill(*add(tr("&View")), viewItems());
     fill(*add(tr("&Help")), helpItems());

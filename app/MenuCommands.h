@@ -30,6 +30,13 @@ enum class MenuCommand {
     paste,
     deleteAll,
     selectAll, // Edit
+    autoManualToggle,
+    noteUp,
+    noteDown,
+    octaveUp,
+    octaveDown,
+    soundBackToggle,
+    playSoundBack, // Tuner
     showTunerWindow,
     showPartials,
     showHilbertScope,

@@ -34,6 +34,20 @@ Operation operationOf(MenuCommand command) {
         return &Controller::hilbertGrid;
     case MenuCommand::partialsHold:
         return &Controller::partialsHold;
+    case MenuCommand::autoManualToggle:
+        return &Controller::autoManualToggle;
+    case MenuCommand::noteUp:
+        return &Controller::noteUp;
+    case MenuCommand::noteDown:
+        return &Controller::noteDown;
+    case MenuCommand::octaveUp:
+        return &Controller::octaveUp;
+    case MenuCommand::octaveDown:
+        return &Controller::octaveDown;
+    case MenuCommand::soundBackToggle:
+        return &Controller::soundBackToggle;
+    case MenuCommand::playSoundBack:
+        return &Controller::playSoundBack;
     case MenuCommand::speakStatus:
         return &Controller::iaSpeakStatus;
     case MenuCommand::speakDetails:
@@ -67,6 +81,15 @@ std::optional<CommandState> TunerCommands::commandState(MenuCommand command) con
                                          ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu",
                                                                    "Hide Hilbert Scope"))
                                          : QString()};
+    case MenuCommand::noteUp:
+    case MenuCommand::noteDown:
+    case MenuCommand::octaveUp:
+    case MenuCommand::octaveDown:
+        return CommandState{.isEnabled = prefs.manualMode()};
+    case MenuCommand::autoManualToggle:
+        return CommandState{.isChecked = prefs.manualMode()};
+    case MenuCommand::soundBackToggle:
+        return CommandState{.isChecked = prefs.soundBack()};
     case MenuCommand::hilbertLine:
         return CommandState{.isChecked = prefs.hilbertLine()};
     case MenuCommand::hilbertDots:

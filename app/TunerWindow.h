@@ -2,13 +2,13 @@
 // The tuner window.
 #pragma once
 
+#include "app/KeyDownWindow.h"
 #include "app/TunerOutlets.h"
 #include "engine/TunerDisplay.h"
 #include "platform/desktop/ImageLibrary.h"
 #include "platform/desktop/OneShotTimer.h"
 #include "platform/desktop/ResourceFolder.h"
 
-#include <QMainWindow>
 #include <array>
 #include <functional>
 #include <memory>
@@ -19,7 +19,7 @@ class ProportionalStage;
 
 /// Shows what the tuner says, in the views that its interface file lays out, and passes on what
 /// belongs to the windows beside it. Thread: main. Owns: its views.
-class TunerWindow final : public QMainWindow, public TunerDisplay {
+class TunerWindow final : public KeyDownWindow, public TunerDisplay {
     Q_OBJECT
 public:
     /// Where the calls for other windows go; an empty function takes no calls.

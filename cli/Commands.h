@@ -17,6 +17,8 @@ int runPartials(const QStringList& arguments);
 int runDevices(const QStringList& arguments);
 /// The readings of live input.
 int runListen(const QStringList& arguments);
+/// A reference tone as a file.
+int runTone(const QStringList& arguments);
 /// What a temperament file, a stretch table or a Scala file holds, as one object.
 int runTemperament(const QStringList& arguments);
 int runStretch(const QStringList& arguments);

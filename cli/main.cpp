@@ -16,6 +16,7 @@ constexpr const char* kUsage = "Usage: veltrano-cli COMMAND [OPTIONS]\n"
                                "  partials FILE  the partials of a recording\n"
                                "  listen         the readings of live input\n"
                                "  devices        the input and output devices\n"
+                               "  tone OUT.wav   writes a reference tone\n"
                                "  temperament FILE\n"
                                "                 what a temperament file holds\n"
                                "  stretch FILE   what a stretch table holds\n"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     if (command == QLatin1String("partials")) return runPartials(arguments);
     if (command == QLatin1String("listen")) return runListen(arguments);
     if (command == QLatin1String("devices")) return runDevices(arguments);
+    if (command == QLatin1String("tone")) return runTone(arguments);
     if (command == QLatin1String("temperament")) return runTemperament(arguments);
     if (command == QLatin1String("stretch")) return runStretch(arguments);
     if (command == QLatin1String("scl")) return runScala(arguments);

@@ -30,6 +30,8 @@ Controller::Controller(const ControllerPorts& ports)
 Controller::~Controller() {
     mPorts.preferences.setController(nullptr);
     mPorts.preferences.setAUInputUnit(nullptr);
+    mPorts.preferences.setAUOutputUnit(nullptr);
+    mPorts.preferences.setSoundGen(nullptr);
     if (mAUInputUnit && mAUInputUnit->isRunning()) mAUInputUnit->stop();
 }
 
@@ -39,7 +41,8 @@ void Controller::awakeFromNib() {
     prefs.setController(this);
     // An input chosen for this run only is not to be saved: the settings do not see the unit.
     if (!mPorts.inputDeviceForThisRun) prefs.setAUInputUnit(mAUInputUnit.get());
-    if (mPorts.soundGen) prefs.setSoundGen(mPorts.soundGen);
+    makeOutput();
+    prefs.setSoundGen(toneGenerator());
 
     mReferencePitch = static_cast<float>(prefs.referencePitch());
     firstLaunch = prefs.firstLaunch();
@@ -56,6 +59,15 @@ void Controller::awakeFromNib() {
     selectDevices();
 }
 
+void Controller::makeOutput() {
+    if (!mPorts.outputUnits) return;
+    mAUOutputUnit = std::make_unique<AUOutputUnit>(mPorts.registry, *mPorts.outputUnits);
+    mPorts.preferences.setAUOutputUnit(mAUOutputUnit.get());
+    if (mPorts.soundGen) return;
+    mSoundGen = std::make_unique<SoundGen>();
+    mSoundGen->setAUOutputUnit(*mAUOutputUnit);
+}
+
 void Controller::applicationDidFinishLaunching() {
     if (!mPorts.windows) return;
     const Preferences& prefs = mPorts.preferences;
@@ -68,6 +80,7 @@ void Controller::applicationDidFinishLaunching() {
 
 void Controller::applicationWillTerminate() {
     mAUInputUnit->stop();
+    if (mAUOutputUnit) mAUOutputUnit->stop();
     mObservations.clear();
     storeVisibility();
     mPorts.preferences.savePreferences();
@@ -189,6 +202,8 @@ void Controller::selectDevices() {
     mAUInputUnit->setInputDeviceWithName(forThisRun ? forThisRun
                                                     : mPorts.preferences.inputDeviceName());
     inputDevicePopupChanged();
+    if (mAUOutputUnit)
+        mAUOutputUnit->setOutputDeviceWithName(mPorts.preferences.outputDeviceName());
 }
 
 void Controller::inputDevicePopupChanged() {

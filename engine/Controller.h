@@ -4,6 +4,8 @@
 
 #include "analysis/PartialDetector.h"
 #include "audio/AUInputUnit.h"
+#include "audio/AUOutputUnit.h"
+#include "audio/SoundGen.h"
 #include "engine/ControllerPorts.h"
 #include "engine/FrameRoad.h"
 #include "engine/NoteEvaluation.h"
@@ -28,9 +30,9 @@ namespace veltrano {
 ///
 /// Thread: main, but for inputIOProc. There is no timer: the arrival of frames is the clock, and
 /// deadlines are compared with the time of each frame.
-/// Owns: the input unit, the detector of partials and the road of frames. Lifecycle: awakeFromNib()
-/// once, then applicationDidFinishLaunching(), at the end applicationWillTerminate(), while the
-/// windows are still as the user left them.
+/// Owns: both audio units, the tone generator, the detector of partials and the road of frames.
+/// Lifecycle: awakeFromNib() once, then applicationDidFinishLaunching(), at the end
+/// applicationWillTerminate(), while the windows are still as the user left them.
 class Controller : public QObject, public InputDeviceListener {
     Q_OBJECT
 public:
@@ -77,7 +79,14 @@ public:
 
     // Manual mode and sound-back
     void manualModeUI();
-    void updateSoundBack(bool force);
+    void updateSoundBack(bool force); ///< @param force whatever the settings say
+    void autoManualToggle();
+    void noteUp(); ///< this and the following do nothing in automatic mode
+    void noteDown();
+    void octaveUp();
+    void octaveDown();
+    void soundBackToggle();
+    void playSoundBack(); ///< once, whatever the settings say
 
     // Spoken reports
     void speak(const std::string& text);
@@ -87,6 +96,7 @@ public:
     void iaSpeakHertz();
 
     AUInputUnit& inputUnit() { return *mAUInputUnit; }
+    AUOutputUnit* outputUnit() { return mAUOutputUnit.get(); } ///< null: there is no output
     PartialDetector& partialDetector() { return mPartialDetector; }
 
     float sampleRate() const { return mSampleRate; } ///< [Hz] of the input device
@@ -111,6 +121,9 @@ private:
     void inTuneThresholdChangedNotification();
     void manualModeChangedNotification();
     void selectDevices();
+    void makeOutput();
+    void moveNote(int keys);
+    ToneGenerator* toneGenerator() const;
 
     TuningChoice tuningChoice() const;
     void showReading(const NoteReading& reading);
@@ -128,6 +141,8 @@ private:
     const ControllerPorts mPorts;
     FrameRoad mRoad;
     std::unique_ptr<AUInputUnit> mAUInputUnit;
+    std::unique_ptr<AUOutputUnit> mAUOutputUnit; ///< null: there is no output
+    std::unique_ptr<SoundGen> mSoundGen;         ///< null: likewise, or a port is used instead
     PartialDetector mPartialDetector;
     QSocketNotifier* mFramesArrived; ///< child of this
     std::vector<NotificationCenter::Observation> mObservations;

@@ -2,7 +2,6 @@
 // One update cycle of the controller, from a frame to the displays and the voice.
 #include "engine/Controller.h"
 
-#include "audio/ToneGenerator.h"
 #include "engine/FrequencyGate.h"
 #include "engine/LevelMeter.h"
 #include "engine/NumberTexts.h"
@@ -178,46 +177,6 @@ void Controller::setLevelMeter() {
         mPorts.display.setLight(levelLight(light), images[static_cast<std::size_t>(light)]);
     }
     mPorts.display.setText(TunerText::level, level_meter::text(mPeakHold));
-}
-
-void Controller::manualModeUI() {
-    TunerDisplay& display = mPorts.display;
-    Preferences& prefs = mPorts.preferences;
-    double pitch = prefs.manualPitch();
-    if (prefs.manualType() != 0) {
-        display.setText(TunerText::note, "-");
-        display.setText(TunerText::accidental, "");
-        display.setText(TunerText::octave, "-");
-        display.setPianoNote(kNoKey);
-        display.setText(TunerText::stretchOffset, "--.---");
-    } else {
-        const int key = prefs.manualNote();
-        const double stretch = prefs.stretchTable()[static_cast<std::size_t>(key)];
-        pitch = calculateCent(0.0, key, stretch, mFrequency, tuningChoice()).idealHz;
-        showSpelling(key);
-        setNumber(TunerText::octave, key / 12);
-        display.setPianoNote(key);
-        display.setText(TunerText::stretchOffset,
-                        plusMinusFloatString(static_cast<float>(stretch)));
-        // A free pitch starts from the last key's frequency.
-        prefs.setManualPitch(pitch);
-    }
-    display.setLight(TunerLight::inTune, LightImage::gray28x28);
-    display.setLight(TunerLight::flat, LightImage::gray24x24);
-    display.setLight(TunerLight::sharp, LightImage::gray24x24);
-    display.setText(TunerText::cent, "--.-");
-    display.setText(TunerText::frequency, "---.---");
-    display.setText(TunerText::frequencyDiff, "---.---");
-    display.setText(TunerText::idealFrequency, frequencyString(pitch));
-    mIdealFrequency = static_cast<float>(pitch);
-    display.setStrobeFrequency(mIdealFrequency);
-    mDisplayFrequency = mIdealFrequency;
-}
-
-void Controller::updateSoundBack(bool force) {
-    const Preferences& prefs = mPorts.preferences;
-    if (!mPorts.soundGen || (!force && !prefs.soundBack())) return;
-    mPorts.soundGen->playFreq(mIdealFrequency, prefs.soundBackDuration());
 }
 
 spoken_reports::Shown Controller::shownTexts() const {

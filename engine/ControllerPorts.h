@@ -14,6 +14,7 @@ class AUUnitRegistry;
 class Clock;
 class Log;
 class NotificationCenter;
+class OutputUnitSource;
 class Preferences;
 class SpeechPort;
 class ToneGenerator;
@@ -57,6 +58,8 @@ struct ControllerPorts {
     TunerDisplay& display;
     ApplicationWindows* windows = nullptr;
     SpeechPort* speech = nullptr;
+    OutputUnitSource* outputUnits = nullptr;
+    /// In place of the controller's own generator, which plays on an output unit.
     ToneGenerator* soundGen = nullptr;
     FrameObserver* frames = nullptr;
     /// An input device for this run only: it is selected instead of the saved one and not saved.

@@ -139,6 +139,11 @@ void Preferences::setManualPitch(double hz) {
     if (std::isfinite(hz) && stored(mManualPitch, hz)) post(notification::kManualModeChanged);
 }
 
+void Preferences::setSoundGen(ToneGenerator* generator) {
+    mSoundGen = generator;
+    pushSoundBack(); // the settings were read before there was a generator
+}
+
 void Preferences::setSoundBack(bool on) {
     if (stored(mSoundBack, on) && !on && mSoundGen) mSoundGen->setLength(0);
 }

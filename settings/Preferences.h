@@ -59,7 +59,8 @@ public:
     void setController(InputDeviceListener* controller) { mController = controller; }
     void setAUInputUnit(const NamedDeviceUnit* unit) { mAUInputUnit = unit; }
     void setAUOutputUnit(const NamedDeviceUnit* unit) { mAUOutputUnit = unit; }
-    void setSoundGen(ToneGenerator* generator) { mSoundGen = generator; }
+    /// Also tells the generator duration, volume and waveform once.
+    void setSoundGen(ToneGenerator* generator);
     InputDeviceListener* controller() const { return mController; }
 
     bool firstLaunch() const { return mFirstLaunch; } ///< nothing had been saved yet
@@ -156,6 +157,7 @@ private:
     void readTuning();
     void readManualMode();
     void readSoundBack();
+    void pushSoundBack();
     void saveTuning();
     void saveSoundBack();
     void saveDeviceName(std::string_view key, const NamedDeviceUnit* unit);

@@ -84,6 +84,10 @@ void Preferences::readSoundBack() {
     mSoundBackDuration = mDefaults.floatForKey(key::kSoundBackDuration);
     mSoundBackVolume = mDefaults.integerForKey(key::kSoundBackVolume);
     mSoundBackWaveform = mDefaults.integerForKey(key::kSoundBackWaveform);
+    pushSoundBack();
+}
+
+void Preferences::pushSoundBack() {
     if (!mSoundGen) return;
     mSoundGen->setLength(mSoundBackDuration);
     mSoundGen->setVolume(static_cast<float>(mSoundBackVolume / 100.0));

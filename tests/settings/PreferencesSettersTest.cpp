@@ -284,9 +284,18 @@ TEST_F(PreferencesSetters, WithoutAGeneratorOnlyStore) {
 TEST_F(PreferencesSetters, RoundedDurationThatStaysTheSameDoesNothing) {
     Preferences& settings = start();
     settings.setSoundGen(&generator);
+    generator.calls.clear();
     settings.setSoundBackDuration(1.26F);
     settings.setSoundBackDuration(1.31F);
     EXPECT_EQ(generator.calls, Names{"length 1.3"});
+}
+
+TEST_F(PreferencesSetters, AGeneratorIsToldTheStoredSoundOnce) {
+    Preferences& settings = start();
+    settings.setSoundGen(&generator);
+    EXPECT_EQ(generator.calls, (Names{"length 1", "volume 0.7", "waveform 0"}));
+    settings.setSoundGen(nullptr);
+    EXPECT_EQ(generator.calls.size(), 3u);
 }
 
 TEST_F(PreferencesSetters, ManualNoteOutsideTheKeysIsIgnored) {

@@ -7,6 +7,7 @@
 #include "settings/Preferences.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <cmath>
 #include <utility>
 
@@ -122,15 +123,18 @@ void HilbertView::drawDots(QPainter& painter, const std::vector<QPointF>& points
         painter.drawLine(point - half, point + half);
 }
 
+// In one path: where the lines cross, a translucent colour lies only once.
 void HilbertView::drawGrid(QPainter& painter) const {
-    const double cx = width() * 0.5 + 0.5;
-    const double cy = height() * 0.5 + 0.5;
+    const double cx = width() * 0.5;
+    const double cy = height() * 0.5;
     const YUp yUp(height());
-    QPen pen(mGridColor, 1, Qt::CustomDashLine, Qt::FlatCap);
-    pen.setDashPattern({1, 1});
-    painter.setPen(pen);
-    painter.drawLine(yUp.point(0, cy), yUp.point(width(), cy));
-    painter.drawLine(yUp.point(cx, 0), yUp.point(cx, height()));
+    QPainterPath dashes;
+    dashes.setFillRule(Qt::WindingFill);
+    for (int x = 0; x < width(); x += 2)
+        dashes.addRect(pointOnPixels(painter, yUp.rect(x, cy, 1, 1).topLeft()));
+    for (int y = 0; y < height(); y += 2)
+        dashes.addRect(pointOnPixels(painter, yUp.rect(cx, y, 1, 1).topLeft()));
+    painter.fillPath(dashes, mGridColor);
 }
 
 } // namespace veltrano

@@ -30,6 +30,14 @@ QColor grey(double level, double alpha) {
                             static_cast<float>(level), static_cast<float>(alpha));
 }
 
+QRectF pointOnPixels(const QPainter& painter, const QPointF& topLeft) {
+    const QTransform toDevice = painter.deviceTransform();
+    const QPointF device = toDevice.map(topLeft);
+    const QPointF nearest(std::round(device.x()), std::round(device.y()));
+    return {toDevice.inverted().map(nearest),
+            QSizeF(onePoint(toDevice.m11()), onePoint(toDevice.m22()))};
+}
+
 void frameRect(QPainter& painter, const QRectF& rect, const QColor& color) {
     const QTransform toDevice = painter.deviceTransform();
     const double width = onePoint(toDevice.m11());

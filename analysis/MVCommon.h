@@ -7,6 +7,7 @@
 
 class QImage;
 class QPainter;
+class QPointF;
 class QRectF;
 
 namespace veltrano {
@@ -21,6 +22,9 @@ public:
 
 /// @param level 0 black ... 1 white
 QColor grey(double level, double alpha = 1.0);
+
+/// A square of one point as whole device pixels: the nearest corner and the nearest width.
+QRectF pointOnPixels(const QPainter& painter, const QPointF& topLeft);
 
 /// Draws lines just inside @p rect, all as wide as the whole device pixels nearest to one point.
 /// @param rect on whole device pixels

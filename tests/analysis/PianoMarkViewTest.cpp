@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <array>
 #include <gtest/gtest.h>
+#include <utility>
 #include <vector>
 
 namespace veltrano {
@@ -171,22 +172,8 @@ TEST_F(PianoMarkViewTest, TheMouseAndTheKeyboardDoNothing) {
     EXPECT_EQ(pictureOf(mView), before);
 }
 
-struct Heard {
-    static inline std::vector<QString> values;
-    static void hear(QAccessibleEvent* event) {
-        if (event->type() == QAccessible::ValueChanged)
-            values.push_back(static_cast<QAccessibleValueChangeEvent*>(event)->value().toString());
-    }
-    Heard() {
-        AccessibleReadout::install();
-        AccessibleReadout::setListener({[] { return true; }, hear});
-        values.clear();
-    }
-    ~Heard() { AccessibleReadout::setListener({}); }
-};
-
 TEST_F(PianoMarkViewTest, SaysTheKeyToThoseWhoCannotSeeIt) {
-    const Heard heard;
+    const HeardValues heard;
     EXPECT_EQ(mView.accessibleValue(), "no key");
     EXPECT_EQ(mView.accessibleRole(), QAccessible::Graphic);
     PaintCounter loop(mView);
@@ -195,10 +182,10 @@ TEST_F(PianoMarkViewTest, SaysTheKeyToThoseWhoCannotSeeIt) {
         view.setMidiNote(marked.key);
         EXPECT_EQ(view.accessibleValue(), marked.name);
         loop.take();
-        EXPECT_EQ(std::exchange(Heard::values, {}), std::vector<QString>{marked.name});
+        EXPECT_EQ(std::exchange(HeardValues::values, {}), std::vector<QString>{marked.name});
         view.setMidiNote(marked.key);
         loop.take();
-        EXPECT_EQ(Heard::values.size(), 0u) << "the same key";
+        EXPECT_EQ(HeardValues::values.size(), 0u) << "the same key";
     }
     mView.setAccessibleName(QStringLiteral("Keys"));
     mView.setMidiNote(61);

@@ -38,7 +38,8 @@ inline void fillUp(QPainter& painter, double x, double y, double width, double h
     painter.fillRect(QRectF(x, kSize.height() - y - height, width, height), QColor(color));
 }
 
-inline void frameUp(QPainter& painter, double x, double y, double width, double height, QRgb color) {
+inline void frameUp(QPainter& painter, double x, double y, double width, double height,
+                    QRgb color) {
     fillUp(painter, x, y, 1, height, color);
     fillUp(painter, x + width - 1, y, 1, height, color);
     fillUp(painter, x, y, width, 1, color);

@@ -2,6 +2,7 @@
 // Pictures of the analysis views, with y pointing up.
 #pragma once
 
+#include "platform/desktop/AccessibleReadout.h"
 #include "platform/desktop/Appearance.h"
 #include "tests/support/Pictures.h"
 
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace veltrano {
 
@@ -111,5 +113,20 @@ inline QFont textFont(int size, bool isBold) {
     font.setBold(isBold);
     return font;
 }
+
+/// What readouts announce while this lives.
+struct HeardValues {
+    static inline std::vector<QString> values;
+    static void hear(QAccessibleEvent* event) {
+        if (event->type() == QAccessible::ValueChanged)
+            values.push_back(static_cast<QAccessibleValueChangeEvent*>(event)->value().toString());
+    }
+    HeardValues() {
+        AccessibleReadout::install();
+        AccessibleReadout::setListener({[] { return true; }, hear});
+        values.clear();
+    }
+    ~HeardValues() { AccessibleReadout::setListener({}); }
+};
 
 } // namespace veltrano

@@ -67,14 +67,41 @@ TEST_P(PulseHardwareTest, TheFirstListIsThereFromTheStart) {
     EXPECT_EQ(bench.announcements(), 0) << "nothing changed";
 }
 
-TEST_P(PulseHardwareTest, ASinkCannotBeStarted) {
+/// Counts the sample frames that a sink asks for.
+struct AskedFrames {
+    std::atomic<long> frames{0}; ///< written by the I/O procedure
+    std::atomic<bool> isSound{true};
+
+    static Status ioProc(DeviceId, const AudioTimeStamp*, const AudioBufferList* input,
+                         const AudioTimeStamp*, AudioBufferList* output, const AudioTimeStamp*,
+                         void* asked) noexcept {
+        auto& self = *static_cast<AskedFrames*>(asked);
+        if (!input->empty() || output->size() != 1) self.isSound = false;
+        for (const AudioBuffer& buffer : *output) {
+            std::fill_n(buffer.data, buffer.byteSize / sizeof(float), 0.0f);
+            self.frames += long(buffer.byteSize / sizeof(float) / buffer.channels);
+        }
+        return audio_status::kOk;
+    }
+};
+
+TEST_P(PulseHardwareTest, AStartedSinkAsksForSoundUntilItIsStopped) {
     SoundServer server(GetParam());
     ASSERT_TRUE(server.start()) << server.output();
     PulseBench bench(server.address());
     const DeviceId sink = bench.find("TestSink", Direction::output);
-    HeardBlocks heard;
-    EXPECT_EQ(bench.hardware().addIOProc(sink, &HeardBlocks::ioProc, &heard), audio_status::kOk);
-    EXPECT_EQ(bench.hardware().start(sink, &HeardBlocks::ioProc), audio_status::kNotSupported);
+    AskedFrames asked;
+    PulseHardware& hardware = bench.hardware();
+    EXPECT_EQ(hardware.addIOProc(sink, &AskedFrames::ioProc, &asked), audio_status::kOk);
+    EXPECT_EQ(hardware.start(sink, &AskedFrames::ioProc), audio_status::kOk);
+    for (int i = 0; i < 100 && asked.frames < 44100; ++i)
+        bench.pass(0.05);
+    EXPECT_GE(asked.frames, 44100);
+    EXPECT_TRUE(asked.isSound) << "one output buffer and no input";
+    EXPECT_EQ(hardware.stop(sink, &AskedFrames::ioProc), audio_status::kOk);
+    const long atTheEnd = asked.frames;
+    bench.pass(0.3);
+    EXPECT_EQ(asked.frames, atTheEnd);
 }
 
 TEST_P(PulseHardwareTest, DevicesThatComeAndGoAreAnnouncedAndKeepTheirNumbers) {

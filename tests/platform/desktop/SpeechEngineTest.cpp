@@ -60,6 +60,7 @@ protected:
         await([] { return false; }, milliseconds);
     }
 
+    const int isGerman = ::setenv("LC_ALL", "de_DE.UTF-8", 1); // read with the application's start
     QTemporaryDir folder;
     QCoreApplication application{gArgumentCount, gArguments};
     RecordingLog log;
@@ -121,7 +122,8 @@ protected:
             GTEST_SKIP() << "the program speech-dispatcher is not installed";
         ASSERT_TRUE(sound.start()) << sound.output();
         service = launched({"speech-dispatcher", "--run-single", "--timeout", "0", "--socket-path",
-                            path("/socket"), "--pid-file", path("/pid"), "--log-dir", path("")},
+                            path("/socket"), "--pid-file", path("/pid"), "--log-dir", path(""),
+                            "--log-level", "5"},
                            "/service");
         ASSERT_TRUE(await([this] { return QFile::exists(folder.filePath("socket")); }, 20000));
         recorder = launched({"pacat", "--record", "--raw", "--format=s16ne", "--channels=1",
@@ -139,13 +141,15 @@ protected:
                                           const char* output) const {
         return std::make_unique<TestProcess>(
             command,
-            std::vector<std::string>{"PULSE_SERVER=" + sound.address(), "HOME=" + path("")},
+            std::vector<std::string>{"PULSE_SERVER=" + sound.address(), "HOME=" + path(""),
+                                     "LC_ALL=C"},
             path(output));
     }
-    QByteArray recorded() const {
-        QFile file(folder.filePath("recording"));
+    QByteArray content(const char* name) const {
+        QFile file(folder.filePath(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
+    QByteArray recorded() const { return content("recording"); }
     /// The seconds that were loud since the last call; a tenth counts when it is.
     double heardSeconds() {
         const QByteArray all = recorded();
@@ -182,6 +186,10 @@ TEST_F(SpokenTest, SaysTexts) {
     serve(300); // the sound is on its way through the server
     EXPECT_GT(heardSeconds(), 0.5);
     EXPECT_TRUE(log.details.empty());
+    // The service logs what it tells the voice.
+    const QByteArray serviceLog = content("speech-dispatcher.log").toLower();
+    EXPECT_TRUE(serviceLog.contains("\nlanguage=en"));
+    EXPECT_FALSE(serviceLog.contains("\nlanguage=de")) << "the desktop is, the texts are not";
 }
 
 TEST_F(SpokenTest, TheNewTextReplacesTheOld) {

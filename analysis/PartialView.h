@@ -58,7 +58,7 @@ private:
     void observeSettings();
     void speak(bool details);
     PartialTargets targets() const;
-    void drawBackground(QPainter& painter) const;
+    void drawCentreLine(QPainter& painter) const;
     void drawPianoKeyboard(QPainter& painter);
     QImage pianoKeyboardImage(QSize pixels) const;
     void drawRecord(QPainter& painter, const PartialData& record, bool isRoot) const;

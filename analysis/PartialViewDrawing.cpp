@@ -63,9 +63,10 @@ void PartialView::paintEvent(QPaintEvent*) {
         mPianoKeyboardImage = QImage();
     }
     QPainter painter(this);
+    painter.fillRect(rect(), mBackgroundColor); // in whole pixels, at the edges too
     painter.scale(width() / kWidth, height() / kHeight);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawBackground(painter);
+    drawCentreLine(painter);
     drawPianoKeyboard(painter);
     if (!mPartials || mPartials->empty()) return;
     const std::span<const PartialData> records =
@@ -76,8 +77,7 @@ void PartialView::paintEvent(QPaintEvent*) {
         drawNoteName(painter, record);
 }
 
-void PartialView::drawBackground(QPainter& painter) const {
-    painter.fillRect(QRectF(0, 0, kWidth, kHeight), mBackgroundColor);
+void PartialView::drawCentreLine(QPainter& painter) const {
     painter.setPen(QPen(mCenterLineColor, 1, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(kUp.point(0, kCentreLine), kUp.point(kWidth, kCentreLine));
 }
@@ -102,11 +102,15 @@ QImage PartialView::pianoKeyboardImage(QSize pixels) const {
         const QRectF rect = up.rect(kOctaveWidth * octave - kLeftOut + 0.5, 0.5, kOctaveWidth, 88);
         painter.fillRect(rect, mOddOctaveColor);
     }
+    // Where a point is a pixel, a pen would leave a quarter of each corner out.
+    const QPainterPathStroker stroker(
+        QPen(Qt::black, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     for (int key = kLowestKey; key <= kHighestKey; ++key) {
         const double x = partial_keyboard::centreOf(key);
         if (isWhiteKey(key % kPitchClasses)) {
-            painter.setPen(QPen(mKeyColor, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-            painter.drawRect(up.rect(x - 7, 0.5, 15, 88));
+            QPainterPath outline;
+            outline.addRect(up.rect(x - 7, 0.5, 15, 88));
+            painter.fillPath(stroker.createStroke(outline), mKeyColor);
         } else {
             painter.fillRect(up.rect(x - 4.5, 32.5, 9, 56), mKeyColor);
         }

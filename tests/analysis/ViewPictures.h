@@ -12,7 +12,9 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <vector>
@@ -84,24 +86,37 @@ inline QImage drawn(QSize size, double pixelRatio, const std::function<void(QPai
     return picture;
 }
 
+/// How far apart two colours are in the part that differs most.
+inline int difference(QRgb a, QRgb b) {
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
+}
+
 /// Tells where two pictures differ.
-inline testing::AssertionResult areSame(const QImage& seen, const QImage& expected) {
+/// @param tolerance largest difference that counts as the same colour
+inline testing::AssertionResult areSame(const QImage& seen, const QImage& expected,
+                                        int tolerance = 0) {
     if (seen.size() != expected.size()) {
         return testing::AssertionFailure() << seen.width() << " x " << seen.height() << ", not "
                                            << expected.width() << " x " << expected.height();
     }
     QRect differing;
+    QString first;
     for (int y = 0; y < seen.height(); ++y) {
         for (int x = 0; x < seen.width(); ++x) {
-            if (seen.pixel(x, y) != expected.pixel(x, y)) differing |= QRect(x, y, 1, 1);
+            if (difference(seen.pixel(x, y), expected.pixel(x, y)) <= tolerance) continue;
+            if (differing.isEmpty()) {
+                first =
+                    QStringLiteral("%1, not %2")
+                        .arg(QColor(seen.pixel(x, y)).name(), QColor(expected.pixel(x, y)).name());
+            }
+            differing |= QRect(x, y, 1, 1);
         }
     }
     if (differing.isEmpty()) return testing::AssertionSuccess();
     return testing::AssertionFailure()
            << "within " << differing.width() << " x " << differing.height() << " pixels at "
-           << differing.x() << ", " << differing.y() << "; first "
-           << testing::PrintToString(seen.pixel(differing.topLeft())) << ", not "
-           << testing::PrintToString(expected.pixel(differing.topLeft()));
+           << differing.x() << ", " << differing.y() << ", first " << first.toStdString();
 }
 
 /// The font that texts in drawings have: the wanted one where it is, the system's otherwise.

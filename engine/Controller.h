@@ -97,6 +97,7 @@ public:
 
     AUInputUnit& inputUnit() { return *mAUInputUnit; }
     AUOutputUnit* outputUnit() { return mAUOutputUnit.get(); } ///< null: there is no output
+    SoundGen* soundGen() { return mSoundGen.get(); } ///< null: likewise, or a port is used instead
     PartialDetector& partialDetector() { return mPartialDetector; }
 
     float sampleRate() const { return mSampleRate; } ///< [Hz] of the input device

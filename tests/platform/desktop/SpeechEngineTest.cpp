@@ -19,6 +19,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+// libspeechd searches megabytes of voices from their start for every one of them, which takes
+// minutes when each search is checked, and keeps the texts of its errors.
+extern "C" const char* __asan_default_options() { return "intercept_strstr=0"; }
+extern "C" const char* __lsan_default_suppressions() { return "leak:vasprintf\nleak:libspeechd"; }
+
 namespace veltrano {
 namespace {
 

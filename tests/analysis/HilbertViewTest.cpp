@@ -25,6 +25,7 @@ TEST_F(HilbertViewTest, IsOpaqueAndTheBackgroundFillsTheView) {
         const Seen seen = draw(zeroBlock());
         EXPECT_TRUE(seen.isAll(kWhite, 0, 0, size.width(), size.height() * 0.5 - 10));
         EXPECT_TRUE(seen.isAll(kWhite, 0, size.height() * 0.5 + 10, size.width(), 50));
+        EXPECT_TRUE(extentOfColor(seen.picture(), 0).isEmpty()) << "nothing is left out";
     }
 }
 

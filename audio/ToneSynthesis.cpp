@@ -2,6 +2,7 @@
 // The reference tone, sample by sample.
 #include "audio/ToneSynthesis.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace veltrano {
@@ -19,6 +20,8 @@ std::int64_t truncated(float value) {
 void ToneSynthesis::setSampleRate(float hz) noexcept {
     mSampleRate = hz;
     mFadeFrames = truncated(hz / 10);
+    // Full level stays full level when the rate falls; without a rate a tone still fades out.
+    if (mFadeFrames > 0) fade = std::min(fade, mFadeFrames);
 }
 
 std::int64_t ToneSynthesis::framesOf(float seconds, float sampleRateHz) noexcept {

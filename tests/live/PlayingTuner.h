@@ -43,6 +43,7 @@ public:
         mTaken.store(taken + part, std::memory_order_release);
     }
 
+    void setChannels(std::uint32_t channels) { mChannels = channels; } ///< before any sound
     std::size_t frames() const { return mTaken.load(std::memory_order_acquire) / mChannels; }
     std::uint32_t channels() const { return mChannels; }
     /// Interleaved, so far.
@@ -88,27 +89,49 @@ private:
     const DeviceId mDevice;
 };
 
-/// Keeps what the tuner's own input gives, on its way to the tuner. Thread: main.
+/// Keeps what the tuner's own input gives, on its way to the tuner, as one channel: two equal ones
+/// are one, others are added up, as the tuner does. A server now and then gives a block whose
+/// channels differ, and which samples that concerns hangs on where its blocks begin. Thread: main.
 class InputTap : public KeptSound {
 public:
     /// From the controller's next start of its input on.
     InputTap(Controller& controller, const AudioHardware& hardware, DeviceId device,
              double mostSeconds)
         : KeptSound(hardware, device, mostSeconds), mController(controller) {
+        setChannels(1);
         controller.inputUnit().setIOProc(&InputTap::ioProc, this);
     }
+    int unequalBlocks() const { return mUnequalBlocks; }
 
 private:
     static Status ioProc(DeviceId device, const AudioTimeStamp* now, const AudioBufferList* input,
                          const AudioTimeStamp* inputTime, AudioBufferList* output,
                          const AudioTimeStamp* outputTime, void* tap) noexcept {
         auto& self = *static_cast<InputTap*>(tap);
-        self.take((*input)[0]);
+        self.takeMixed((*input)[0]);
         return Controller::inputIOProc(device, now, input, inputTime, output, outputTime,
                                        &self.mController);
     }
 
+    void takeMixed(const AudioBuffer& buffer) noexcept {
+        const std::size_t frames = buffer.byteSize / sizeof(float) / buffer.channels;
+        const auto at = [&](std::size_t frame, std::uint32_t channel) {
+            return buffer.data[frame * buffer.channels + channel];
+        };
+        bool isMono = true;
+        for (std::size_t frame = 0; frame < frames; ++frame)
+            isMono = isMono && at(frame, 0) == at(frame, buffer.channels - 1);
+        if (!isMono) ++mUnequalBlocks;
+        for (std::size_t frame = 0; frame < frames; ++frame) {
+            float sample = at(frame, 0);
+            if (!isMono) sample = std::clamp(sample + at(frame, 1), -1.0f, 1.0f);
+            AudioBuffer one{1, sizeof(float), &sample};
+            take(one);
+        }
+    }
+
     Controller& mController;
+    std::atomic<int> mUnequalBlocks{0}; ///< written by the device's thread
 };
 
 /// Hears "Monitor of TestSink" and plays on "TestSink". Thread: main, with a QCoreApplication.

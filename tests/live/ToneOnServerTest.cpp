@@ -193,7 +193,8 @@ TEST_P(ToneOnServer, TheTunerNamesEveryKeyThatItPlays) {
     ASSERT_GT(readings, 4 * (kHighest - kLowest) / step);
     // Of few keys the lowest one, hardly two periods of which are in a frame, counts for more.
     EXPECT_GE(near, readings * (isSoak() ? 9 : 8) / 10);
-    std::printf("%d readings, %d within a cent\n", readings, near);
+    std::printf("%d readings, %d within a cent, %d blocks with unequal channels\n", readings, near,
+                tap.unequalBlocks());
 
     // The recording from the first live frame on gives the live readings again.
     ASSERT_TRUE(firstHeard);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/SpeechEngine.h"
 
+#include "platform/desktop/SpeechText.h"
 #include "platform/desktop/SpeechWorker.h"
 
 #include <QThread>
@@ -34,7 +35,7 @@ void SpeechEngine::startWorker() {
 
 void SpeechEngine::speak(const std::string& utf8) {
     if (!mThread) startWorker();
-    const QString text = QString::fromStdString(utf8);
+    const QString text = QString::fromStdString(speechText(utf8));
     QMetaObject::invokeMethod(mWorker, [worker = mWorker, text] { worker->speak(text); });
 }
 

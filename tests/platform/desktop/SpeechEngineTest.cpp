@@ -184,7 +184,7 @@ protected:
 TEST_F(SpokenTest, SaysTexts) {
     QElapsedTimer timer;
     timer.start();
-    engine->say("A flat, in tune");
+    engine->say("A flat, +9.2 cent");
     EXPECT_LT(timer.elapsed(), 500) << "the engine takes its time, the caller does not wait";
     EXPECT_TRUE(engine->isSpeaking());
     ASSERT_TRUE(awaitEnd());
@@ -193,6 +193,7 @@ TEST_F(SpokenTest, SaysTexts) {
     EXPECT_TRUE(log.details.empty());
     // The service logs what it tells the voice.
     const QByteArray serviceLog = content("speech-dispatcher.log").toLower();
+    EXPECT_TRUE(serviceLog.contains("plus 9"));
     EXPECT_TRUE(serviceLog.contains("\nlanguage=en"));
     EXPECT_FALSE(serviceLog.contains("\nlanguage=de")) << "the desktop is, the texts are not";
 }

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/SpeechText.h"
+
+namespace veltrano {
+
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+/// The word for a sign between its neighbours, '\0' beyond the ends; empty for what stays.
+std::string_view wordFor(char sign, char before, char after) {
+    const bool isFirst = before == '\0' || before == ' ';
+    if (sign == '+' && isFirst && isDigit(after)) return "plus ";
+    if (sign == '-' && isFirst && isDigit(after)) return "minus ";
+    if (sign == '#' && isLetter(before) && !isLetter(after) && !isDigit(after)) return " sharp";
+    return {};
+}
+
+} // namespace
+
+std::string speechText(std::string_view utf8) {
+    const auto at = [utf8](std::size_t index) { return index < utf8.size() ? utf8[index] : '\0'; };
+    std::string text;
+    for (std::size_t index = 0; index < utf8.size(); ++index) {
+        const char before = index > 0 ? at(index - 1) : '\0';
+        const std::string_view word = wordFor(at(index), before, at(index + 1));
+        text += word.empty() ? utf8.substr(index, 1) : word;
+    }
+    return text;
+}
+
+} // namespace veltrano

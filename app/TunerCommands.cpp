@@ -74,12 +74,12 @@ std::optional<CommandState> TunerCommands::commandState(MenuCommand command) con
     case MenuCommand::showPartials:
         return CommandState{
             .title = mWindows.isVisible(AnalysisWindowKind::partials)
-                         ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu", "Hide Partials"))
+                         ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu", "Hide &Partials"))
                          : QString()};
     case MenuCommand::showHilbertScope:
         return CommandState{.title = mWindows.isVisible(AnalysisWindowKind::hilbert)
                                          ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu",
-                                                                   "Hide Hilbert Scope"))
+                                                                   "Hide &Hilbert Scope"))
                                          : QString()};
     case MenuCommand::noteUp:
     case MenuCommand::noteDown:

@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QTableWidget>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -147,6 +148,23 @@ TEST_F(ApplicationMenuTest, RecentFilesAreListedOpenedAndForgotten) {
     emit list->aboutToShow();
     ASSERT_EQ(list->actions().size(), 1);
     EXPECT_FALSE(list->actions()[0]->isEnabled());
+}
+
+TEST_F(ApplicationMenuTest, AWindowWithoutItsBarKeepsTheKeys) {
+    using enum MenuCommand;
+    first.states = {{showPartials, {}}, {speakStatus, {}}, {speakDetails, {}}, {redo, {}}};
+    menu.keepShortcutsOnly();
+    window.resize(200, 100);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_FALSE(window.menuBar()->isVisible());
+    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&window, Qt::Key_Y, Qt::ControlModifier); // the second key of an item
+    EXPECT_EQ(first.performed, (Commands{showPartials, speakStatus, speakDetails, redo}));
+    EXPECT_TRUE(menu.action(quit)) << "its items are still there";
 }
 
 TEST(FocusedTextHandlerTest, EditCommandsBelongToTheFieldWithTheFocus) {

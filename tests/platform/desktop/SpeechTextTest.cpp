@@ -25,6 +25,7 @@ TEST(SpeechText, SaysSignsThatMatter) {
         {"1/4-comma meantone", "1/4-comma meantone"},
         {"3-4 + 5 - 6", "3-4 + 5 - 6"},
         {"#1, F#4, F#x, 7#, # ", "#1, F#4, F#x, 7#, # "},
+        {"1+2 3-4", "1+2 3-4"},
         {"+", "+"},
         {"-a +b", "-a +b"},
         {"Ger\u00e4t +1 \u2212 2", "Ger\u00e4t plus 1 \u2212 2"},

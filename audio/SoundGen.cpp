@@ -49,6 +49,7 @@ void SoundGen::playFreq(float frequencyHz, float lengthSeconds) {
     ++mWanted.playSerial;
     ++mWanted.lengthSerial;
     mRequest.set(mWanted);
+    mStopTimer->cancel(); // or an earlier tone's stop could cut this one's fade-out
     if (!running) start();
 }
 

@@ -103,7 +103,7 @@ std::vector<QPointF> HilbertView::points() const {
 
 // A round line, put together: the rasteriser is quick with single segments without caps and with
 // small discs, and twenty times as slow with one round path that crosses itself hundreds of times.
-// In an opaque colour the picture is the same.
+// In an opaque colour the picture is the same, but for the soft edges where points lie close.
 void HilbertView::drawLine(QPainter& painter, const std::vector<QPointF>& points,
                            double width) const {
     painter.setPen(QPen(mHilbertColor, width, Qt::SolidLine, Qt::FlatCap));

@@ -49,11 +49,19 @@ void frameRect(QPainter& painter, const QRectF& rect, const QColor& color) {
     painter.fillRect(QRectF(inner.right(), inner.top(), width, inner.height()), color);
 }
 
+QImage withDensity(QImage image) {
+    constexpr double kPerMetre = 96 / 0.0254; ///< points
+    const int pixels = static_cast<int>(std::lround(kPerMetre * image.devicePixelRatio()));
+    image.setDotsPerMeterX(pixels);
+    image.setDotsPerMeterY(pixels);
+    return image;
+}
+
 QByteArray pngRepresentation(const QImage& image) {
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG")) return {};
+    if (!withDensity(image).save(&buffer, "PNG")) return {};
     return png;
 }
 

@@ -30,7 +30,10 @@ QRectF pointOnPixels(const QPainter& painter, const QPointF& topLeft);
 /// @param rect on whole device pixels
 void frameRect(QPainter& painter, const QRectF& rect, const QColor& color);
 
-/// @return a PNG file, with the pixel ratio in it; empty for an image without pixels
+/// The same picture marked with its pixels per length, so that it is pasted in its size.
+QImage withDensity(QImage image);
+
+/// @return a PNG file with that mark; empty for an image without pixels
 QByteArray pngRepresentation(const QImage& image);
 
 } // namespace veltrano

@@ -41,8 +41,8 @@ void PartialDetector::setData(std::span<const float> samples) {
         samples = samples.subspan(count);
         mDataPosition += count;
         if (mDataPosition < kFrameSize) break;
-        detection();
         mDataPosition = 0;
+        detection();
     }
 }
 

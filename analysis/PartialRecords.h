@@ -72,7 +72,7 @@ constexpr bool isInTune(float cent, float thresholdCents) {
 std::string centLabel(float cent);
 
 /// The records in words.
-/// @param details with the octaves' root and "cent" after each number
+/// @param details with "root note" before the first one and "cent" after each number
 std::string partialsSpeech(std::span<const PartialData> records, float thresholdCents,
                            bool details);
 

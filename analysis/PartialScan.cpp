@@ -126,7 +126,7 @@ Partial peakAt(Power power, int bin, float sampleRateHz) {
 
 int scannedBins(float sampleRateHz, float factor) {
     const float bins = kTopHz / (sampleRateHz / float{kFrame}) * factor;
-    if (!(bins > 0)) return 0; // no rate at all, or none that is a number
+    if (!(bins > 0)) return 0; // a rate that is negative or no number
     return static_cast<int>(std::min(bins, float{kBins}));
 }
 

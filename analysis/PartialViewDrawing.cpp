@@ -69,8 +69,9 @@ void PartialView::paintEvent(QPaintEvent*) {
     drawCentreLine(painter);
     drawPianoKeyboard(painter);
     if (!mPartials || mPartials->empty()) return;
-    const std::span<const PartialData> records =
-        mRecords.generatePartialData(*mPartials, targets());
+    const std::string wordsBefore = partialsSpeech(false);
+    const auto records = mRecords.generatePartialData(*mPartials, targets());
+    if (partialsSpeech(false) != wordsBefore) accessibleValueChanged();
     for (const PartialData& record : records)
         drawRecord(painter, record, record.note == records.front().note);
     for (const PartialData& record : records)

@@ -4,6 +4,8 @@
 
 #include "analysis/PartialView.h"
 
+#include <QWindow>
+
 namespace veltrano {
 
 std::unique_ptr<AnalysisWindow> AnalysisWindow::create(const QString& interfaceFile,
@@ -27,13 +29,19 @@ AnalysisWindow::AnalysisWindow(std::unique_ptr<QWidget> contents) {
 }
 
 void AnalysisWindow::orderFront() {
-    setAttribute(Qt::WA_ShowWithoutActivating);
+    setShowsWithoutActivating(true);
     show();
     raise();
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+/// The attribute counts when the native window is made; after that only the window's own mark does.
+void AnalysisWindow::setShowsWithoutActivating(bool without) {
+    setAttribute(Qt::WA_ShowWithoutActivating, without);
+    if (windowHandle()) windowHandle()->setProperty("_q_showWithoutActivating", without);
 }
 
 void AnalysisWindow::makeKeyAndOrderFront() {
+    setShowsWithoutActivating(false);
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();

@@ -39,6 +39,8 @@ public:
 
 private:
     explicit AnalysisWindow(std::unique_ptr<QWidget> contents);
+
+    void setShowsWithoutActivating(bool without);
 };
 
 } // namespace veltrano

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Puts the program together and owns its parts.
 #include "app/Application.h"
 
+#include "app/WindowsInSight.h"
 #include "platform/desktop/QtDocumentPanels.h"
 #include "platform/desktop/UnattendedPanels.h"
 #include "platform/desktop/WindowPlacement.h"
@@ -148,9 +150,9 @@ std::string Application::nameOfRecording() const {
 
 int Application::runWindow(const std::function<void()>& willListen) {
     mController->applicationDidFinishLaunching();
-    const QMetaObject::Connection visibility =
-        QObject::connect(mWindow->windowHandle(), &QWindow::visibilityChanged,
-                         [this](QWindow::Visibility now) { followVisibility(now); });
+    WindowsInSight inSight([this](bool isAny) { followVisibility(isAny); });
+    inSight.add(*mWindow);
+    mAnalysis->forEach([&inSight](AnalysisWindow& window) { inSight.add(window); });
     if (mRecording) {
         mFrameWatch->writeReadings(writeToStandardOutput);
         mRecording->startRealTime();
@@ -160,7 +162,6 @@ int Application::runWindow(const std::function<void()>& willListen) {
     mMainThread.post([this] { mDocuments.openFiles(mOptions.files); });
     willListen();
     const int exitCode = QApplication::exec();
-    QObject::disconnect(visibility);
     if (mRecording) {
         mRecording->stopRealTime();
         mFrameWatch->finish();
@@ -181,6 +182,7 @@ int Application::writeSnapshot() {
         mController->serveFrames();
     }
     if (pictures.isEmpty()) pictures.take(); // not one frame was full yet
+    mFrameWatch->onFrame({});
     WindowPictures documents;
     for (EditorWindow* window : mDocuments.windows())
         documents.add(QFileInfo(window->windowFilePath()).completeBaseName(), *window);
@@ -203,14 +205,11 @@ WindowPictures Application::picturesOfOpenWindows() {
     return pictures;
 }
 
-void Application::followVisibility(QWindow::Visibility visibility) {
-    const bool isHidden = visibility == QWindow::Minimized || visibility == QWindow::Hidden;
-    if (isHidden == mIsHidden) return;
-    mIsHidden = isHidden;
-    if (isHidden) {
-        mController->applicationDidHide();
-    } else {
+void Application::followVisibility(bool isAnyInSight) {
+    if (isAnyInSight) {
         mController->applicationDidUnhide();
+    } else {
+        mController->applicationDidHide();
     }
 }
 
@@ -232,6 +231,7 @@ void Application::centerWindows() {
 }
 
 void Application::showTunerWindow() {
+    mWindow->setWindowState(mWindow->windowState() & ~Qt::WindowMinimized);
     mWindow->show();
     mWindow->raise();
     mWindow->activateWindow();

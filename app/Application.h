@@ -31,7 +31,6 @@
 #include "platform/foundation/UserDefaults.h"
 #include "settings/Preferences.h"
 
-#include <QWindow>
 #include <functional>
 #include <memory>
 
@@ -62,7 +61,7 @@ private:
     LibrariesInUse librariesFor(const LaunchOptions& options);
     void quitLater();
 
-    void followVisibility(QWindow::Visibility visibility);
+    void followVisibility(bool isAnyInSight);
 
     void furnishWindows();
     SpeechPort* speech();
@@ -103,7 +102,6 @@ private:
     std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
     std::unique_ptr<Controller> mController;
     std::unique_ptr<TunerCommands> mTunerCommands;
-    bool mIsHidden = false;
 };
 
 } // namespace veltrano

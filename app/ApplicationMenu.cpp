@@ -44,7 +44,9 @@ const Items& newAndOpenItems() {
 const Items& restOfFileItems() {
     static const Items items{
         {VELTRANO_MENU_TEXT("&Import…"), MenuCommand::importScala, {Qt::CTRL | Qt::Key_I}},
-        {VELTRANO_MENU_TEXT("&Export…"), MenuCommand::exportScala, {Qt::CTRL | Qt::Key_E}},
+        {VELTRANO_MENU_TEXT("&Export…"), // Ctrl+E goes to the end of a line
+         MenuCommand::exportScala,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_E}},
         {nullptr},
         {VELTRANO_MENU_TEXT("&Close"), MenuCommand::closeWindow, {QKeySequence::Close}},
         {VELTRANO_MENU_TEXT("&Save"), MenuCommand::save, {QKeySequence::Save}},

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Follows the update cycles of a run with a recording.
 #include "app/FrameWatch.h"
 
 namespace veltrano {

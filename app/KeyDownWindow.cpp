@@ -72,7 +72,7 @@ QByteArray tiffWithLzw(const QImage& image) {
     QBuffer buffer(&tiff);
     QImageWriter writer(&buffer, "tiff");
     writer.setCompression(kLzw);
-    return writer.write(image) ? tiff : QByteArray();
+    return writer.write(withDensity(image)) ? tiff : QByteArray();
 }
 
 } // namespace

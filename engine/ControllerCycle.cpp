@@ -21,11 +21,11 @@ constexpr double kSilence = 0.01;           ///< amplitude that a frame must exc
 constexpr double kTunerUpdateSeconds = 0.2; ///< without an estimate, until the in-tune light greys
 constexpr double kPeakHoldSeconds = 1.0;
 
-/// What the scope gets when there is nothing to draw: one silent sample.
+/// What the scope gets when there is nothing to draw: one silent sample, each time a new object, so
+/// that it draws again and its trace fades.
 FrameRef silentFrame() {
     static constexpr float kSilentSample[1] = {0.0f};
-    static const FrameRef frame = std::make_shared<const Frame>(Frame{kSilentSample, 0});
-    return frame;
+    return std::make_shared<const Frame>(Frame{kSilentSample, 0});
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The bare keys of the tuner window.
 #include "engine/KeyDownTable.h"
 
 namespace veltrano {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the tuner says.
 #include "engine/SpokenReports.h"
 
 #include "platform/foundation/LenientNumber.h"

@@ -10,8 +10,9 @@ namespace veltrano {
 
 QFont labelFont(double size) {
     static const QString kWanted = QStringLiteral("Lucida Grande");
+    static const bool hasIt = QFontDatabase::families().contains(kWanted); // a long list
     QFont font = QGuiApplication::font();
-    if (QFontDatabase::families().contains(kWanted)) font.setFamily(kWanted);
+    if (hasIt) font.setFamily(kWanted);
     font.setPixelSize(static_cast<int>(std::lround(size)));
     font.setBold(false);
     font.setItalic(false);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which engine and which language speak.
 #include "platform/desktop/SpeechChoice.h"
 
 namespace veltrano::speech_choice {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The voice of the desktop.
 #include "platform/desktop/SpeechEngine.h"
 
 #include "platform/desktop/SpeechText.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Who speaks when.
 #include "platform/desktop/SpeechTurns.h"
 
 #include "platform/foundation/Clock.h"

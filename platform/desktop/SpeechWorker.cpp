@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The engine, in its own thread.
 #include "platform/desktop/SpeechWorker.h"
 
 #include "platform/desktop/SpeechChoice.h"

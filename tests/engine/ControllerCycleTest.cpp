@@ -113,6 +113,15 @@ TEST(ControllerCycle, SilenceEmptiesTheWaveforms) {
     EXPECT_EQ(controller.partialDetector().collected(), 5393u - 4096u) << "only one frame came";
 }
 
+TEST(ControllerCycle, EverySilentFrameIsANewOneForTheScope) {
+    ControllerRig rig;
+    Controller& controller = rig.start();
+    controller.updateUI(silence());
+    const FrameRef first = rig.display.scopeData;
+    controller.updateUI(silence());
+    EXPECT_NE(rig.display.scopeData, first) << "otherwise it would not draw, and traces not fade";
+}
+
 TEST(ControllerCycle, InTuneLightGreysAfterAFifthOfASecondWithoutEstimate) {
     ControllerRig rig;
     Controller& controller = rig.start();

@@ -20,6 +20,8 @@ TEST(SpeechText, SaysSignsThatMatter) {
         {"-0.0", "minus 0.0"},
         {"F 4, +12 cent. C sharp 5, -9 cent. ", "F 4, plus 12 cent. C sharp 5, minus 9 cent. "},
         {"Key: F#. ", "Key: F sharp. "},
+        {"Key: E\u266d. ", "Key: E flat. "},
+        {"Key: F\u266f. ", "Key: F sharp. "},
         {"C# -3, G#", "C sharp minus 3, G sharp"},
         // Names have signs that are none.
         {"1/4-comma meantone", "1/4-comma meantone"},

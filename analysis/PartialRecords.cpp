@@ -2,7 +2,9 @@
 // The partials of a sound, key by key.
 #include "analysis/PartialRecords.h"
 
+#include "analysis/PartialKeyboard.h"
 #include "platform/foundation/LenientNumber.h"
+#include "tuning/PitchClass.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,9 +14,10 @@ namespace veltrano {
 
 namespace {
 
-constexpr std::int64_t kLowestKey = 9;   // A0
-constexpr std::int64_t kHighestKey = 96; // C8
-constexpr double kA4 = 57;
+using partial_keyboard::kHighestKey;
+using partial_keyboard::kLowestKey;
+
+constexpr double kA4 = kKeyA4;
 constexpr float kWeakShare = 0.125f; ///< of the strongest; what is weaker and below may be noise
 constexpr double kOctaveCents = 1200;
 constexpr double kSubharmonicCents = 25; ///< how near an octave below a fundamental has to lie
@@ -53,6 +56,19 @@ std::optional<Place> placeOf(float hz, double referencePitchHz) {
     return place;
 }
 
+/// Two partials of one key: the mean of their deviations by power.
+/// @param semitones the deviation of @p later, in full precision
+PartialData merged(const PartialData& before, PartialData later, double semitones) {
+    const auto power = static_cast<double>(later.power);
+    const auto powerBefore = static_cast<double>(before.power);
+    const double mean =
+        (semitones * power + powerBefore * static_cast<double>(before.cent) / 100.0) /
+        (power + powerBefore);
+    later.cent = static_cast<float>(mean * 100.0);
+    later.power += before.power;
+    return later;
+}
+
 } // namespace
 
 Partials filteredPartials(const Partials& partials) {
@@ -87,32 +103,28 @@ std::span<const PartialData> PartialRecords::generatePartialData(const Partials&
         const std::optional<Place> place = placeOf(partial.hz, targets.referencePitchHz);
         if (!place) continue;
         PartialData record = place->key;
-        double semitones = calculateCent(place->fraction - 0.5, record.noteNumber,
-                                         static_cast<double>(partial.hz), targets);
+        const double semitones = calculateCent(place->fraction - 0.5, record.noteNumber,
+                                               static_cast<double>(partial.hz), targets);
         record.power = partial.power;
-        if (count > 0 && fresh[count - 1].noteNumber == record.noteNumber) {
-            const PartialData& before = fresh[--count];
-            const auto power = static_cast<double>(partial.power);
-            const auto powerBefore = static_cast<double>(before.power);
-            semitones =
-                (semitones * power + powerBefore * static_cast<double>(before.cent) / 100.0) /
-                (power + powerBefore);
-            record.power = partial.power + before.power;
-        }
         record.cent = static_cast<float>(semitones * 100.0);
+        const bool isSameKey = count > 0 && fresh[count - 1].noteNumber == record.noteNumber;
+        if (isSameKey) record = merged(fresh[--count], record, semitones);
         fresh[count++] = record;
     }
-
-    if (count > 0 && fresh[0].noteNumber == mPartial[0].noteNumber) {
-        for (std::size_t i = 0; i < std::min(count, mPartialCount); ++i) {
-            if (fresh[i].noteNumber != mPartial[i].noteNumber) continue;
-            fresh[i].power = (fresh[i].power + mPartial[i].power) * 0.5f;
-            fresh[i].cent = (fresh[i].cent + mPartial[i].cent) * 0.5f;
-        }
-    }
+    smooth({fresh.data(), count});
     mPartial = fresh;
     mPartialCount = count;
     return records();
+}
+
+/// When the lowest key is another one, a new note has begun and nothing is smoothed.
+void PartialRecords::smooth(std::span<PartialData> fresh) const {
+    if (fresh.empty() || fresh[0].noteNumber != mPartial[0].noteNumber) return;
+    for (std::size_t i = 0; i < std::min(fresh.size(), mPartialCount); ++i) {
+        if (fresh[i].noteNumber != mPartial[i].noteNumber) continue;
+        fresh[i].power = (fresh[i].power + mPartial[i].power) * 0.5f;
+        fresh[i].cent = (fresh[i].cent + mPartial[i].cent) * 0.5f;
+    }
 }
 
 std::string centLabel(float cent) {

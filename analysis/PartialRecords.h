@@ -59,6 +59,8 @@ public:
     std::span<const PartialData> records() const { return {mPartial.data(), mPartialCount}; }
 
 private:
+    void smooth(std::span<PartialData> fresh) const;
+
     std::array<PartialData, kMostPartials> mPartial{};
     std::size_t mPartialCount = 0;
 };

@@ -129,7 +129,6 @@ void PartialRecords::smooth(std::span<PartialData> fresh) const {
 
 std::string centLabel(float cent) {
     const long rounded = std::lround(cent);
-    if (rounded == 0) return "0";
     return (rounded > 0 ? "+" : "") + std::to_string(rounded);
 }
 

@@ -168,12 +168,12 @@ TEST(PartialDetector, OtherPeaksHaveAShareOfTheStrongestOnesPower) {
         double amplitude; ///< of the other, relative
         std::vector<double> found;
     } const cases[] = {
-        {"full rate, above 1/256", 64, 100, 1.002 * full, {64, 100}},
-        {"full rate, below 1/256", 64, 100, 0.998 * full, {64}},
-        {"full rate, below the strongest", 64, 40, 1.002 * full, {40, 64}},
-        {"history, above 1/512", 20, 60, 1.002 * thinned, {20, 60}},
-        {"history, below 1/512", 20, 60, 0.998 * thinned, {20}},
-        {"history, below the strongest", 20, 10, 1.002 * thinned, {10, 20}},
+        {"full rate, above 1/256", 64, 100, 1.0002 * full, {64, 100}},
+        {"full rate, below 1/256", 64, 100, 0.9998 * full, {64}},
+        {"full rate, below the strongest", 64, 40, 1.0002 * full, {40, 64}},
+        {"history, above 1/512", 20, 60, 1.0002 * thinned, {20, 60}},
+        {"history, below 1/512", 20, 60, 0.9998 * thinned, {20}},
+        {"history, below the strongest", 20, 10, 1.0002 * thinned, {10, 20}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);

@@ -145,7 +145,7 @@ TEST(CalculateCent, IsTheFractionWithoutATemperament) {
 
 TEST(CalculateCent, IsTheDistanceFromTheTemperedKey) {
     PartialTargets::Tempered tempered;
-    tempered.cents = {0, -10, 3, 5, -7, 11, -13, 17, -19, 23, -29, 31};
+    tempered.cents = {0, -10.1, 3.3, 5, -7, 11, -13, 17, -19, 23.7, -29, 31.9};
     struct {
         const char* name;
         int tonic;
@@ -155,15 +155,17 @@ TEST(CalculateCent, IsTheDistanceFromTheTemperedKey) {
         double cents;
     } const cases[] = {
         {"A on its own tonic", 9, 57, 440, 440, 0},
-        {"A is the second degree of G#", 8, 57, 440, 440, 10},
-        {"A in C", 0, 57, 440, 440, -23},
+        {"A is the second degree of G#", 8, 57, 440, 440, 10.1},
+        {"A in C", 0, 57, 440, 440, -23.7},
         {"C in C", 0, 60, 440 * std::exp2(3 / 12.0), 440, 0},
-        {"C in B", 11, 60, 440 * std::exp2(3 / 12.0), 440, 10},
+        {"C in B", 11, 60, 440 * std::exp2(3 / 12.0), 440, 10.1},
         {"B in B", 11, 59, 440 * std::exp2(2 / 12.0), 440, 0},
-        {"B in C", 0, 59, 440 * std::exp2(2 / 12.0), 440, -31},
+        {"B in C", 0, 59, 440 * std::exp2(2 / 12.0), 440, -31.9},
         {"another pitch", 9, 57, 440, 442, 1200 * std::log2(440.0 / 442)},
         {"50 cents sharp", 9, 57, 440 * std::exp2(50 / 1200.0), 440, 50},
         {"the lowest key", 9, 9, 27.5, 440, 0},
+        {"the lowest key in C", 0, 9, 27.5, 440, -23.7},
+        {"the lowest key in B", 11, 9, 27.5, 440, 29},
         {"the highest key", 9, 96, 440 * std::exp2(39 / 12.0), 440, -5},
     };
     for (const auto& c : cases) {
@@ -193,6 +195,34 @@ TEST(PartialRecords, BelongToTheNearestKey) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(rounded(fresh({{hzAt(c.key), 1}})), std::vector{c.expected});
+    }
+}
+
+/// The pitch of A4 at which @p hz lies exactly @p semitones from it.
+double pitchFor(float hz, double semitones) {
+    const auto exact = static_cast<double>(hz);
+    double pitch = exact * std::exp2(-semitones / 12) * (1 - 1e-14);
+    for (int i = 0; i < 1000 && 12 * std::log2(exact / pitch) != semitones; ++i)
+        pitch = std::nextafter(pitch, 1e9);
+    EXPECT_EQ(12 * std::log2(exact / pitch), semitones);
+    return pitch;
+}
+
+TEST(PartialRecords, HalfWayBetweenTwoKeysBelongsToTheUpperOne) {
+    EXPECT_EQ(fresh({{27, 1}}, {pitchFor(27, -48.5), {}}),
+              (std::vector<PartialData>{{1, -50, 9, 9, 0}}));
+    EXPECT_TRUE(fresh({{4300, 1}}, {pitchFor(4300, 39.5), {}}).empty()); // not C8, but above it
+}
+
+TEST(PartialRecords, CentsAreWorkedOutInDoublePrecision) {
+    for (int i = 0; i < 1000; ++i) {
+        const float hz = hzAt(40.0 + 0.031 * i);
+        SCOPED_TRACE(hz);
+        const long double keys = 12 * std::log2(static_cast<long double>(hz) / 440);
+        const auto cents = static_cast<double>(100 * (keys - std::nearbyint(keys)));
+        const std::vector<PartialData> records = fresh({{hz, 1}});
+        ASSERT_EQ(records.size(), 1u);
+        EXPECT_NEAR(static_cast<double>(records[0].cent), cents, 1e-10 + std::abs(cents) * 6e-8);
     }
 }
 

@@ -129,7 +129,9 @@ TEST(PeakAt, IsSummedInDoublePrecision) {
     constexpr float kTiny = 0x1p-25f;
     const std::vector<float> power = spectrum(
         {{7, 1}, {8, kTiny}, {9, kTiny}, {10, kTiny}, {11, kTiny}, {12, kTiny}, {13, kTiny}});
-    EXPECT_EQ(partial_scan::peakAt(view(power), 10, kBinPerHz).power, 1 + 6 * kTiny);
+    const Partial peak = partial_scan::peakAt(view(power), 10, kBinPerHz);
+    EXPECT_EQ(peak.power, 1 + 6 * kTiny);
+    EXPECT_EQ(peak.hz, std::nextafter(7.0f, 8.0f)); // 7 + 21 * 2^-25
 }
 
 TEST(PeakAt, BinsHaveTheirFrequencyInSinglePrecision) {
@@ -173,6 +175,7 @@ TEST(ScannedBins, EndAt4435HzAndWithTheSpectrum) {
         {"9 Hz", 9, 4, 2048},
         {"a millionth of a hertz", 1e-6f, 4, 2048},
         {"no rate", 0, 1, 2048},
+        {"the rate of one bin", 4435.0f * 4096, 1, 1},
         {"an endless rate", kInfinity, 1, 0},
         {"a rate below zero", -44100, 1, 0},
         {"not a number", kNaN, 1, 0},

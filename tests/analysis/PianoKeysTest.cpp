@@ -129,6 +129,15 @@ TEST(PianoKeys, TheFirstBlackKeyIsDrawnFromSevenTenthsOfAWhiteKey) {
     expectPlace(keyboard.keys[52].place, {0.7 * 15, 0.37 * 96, 9, 0.63 * 96 - 1});
 }
 
+TEST(PianoKeys, AnyWidthIsDividedInDoublePrecision) {
+    const Keyboard keyboard = piano_keys::keyboard(94, {0, 0, 1000, 77.7});
+    expectPlace(keyboard.keys[51].place, {51 * 1000 / 52.0, 0, 1000 / 52.0, 77.7});
+    expectPlace(keyboard.keys[87].place,
+                {49.7 * 1000 / 52, 0.37 * 77.7, 600 / 52.0, 0.63 * 77.7 - 1});
+    EXPECT_NEAR(keyboard.label->x, 50.0 * 1000 / 52, 1e-9);
+    EXPECT_NEAR(keyboard.label->fontSize, 600 / 52.0, 1e-9);
+}
+
 TEST(PianoKeys, ALabelFollowsTheOrigin) {
     const Keyboard white = piano_keys::keyboard(57, {30, 7, 520, 100});
     EXPECT_NEAR(white.label->x, 30 + 285, 1e-9);

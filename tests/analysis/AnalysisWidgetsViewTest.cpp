@@ -57,6 +57,45 @@ TEST(MVCommonViewTest, FramesLieJustInsideTheirRectangle) {
     }
 }
 
+TEST(MVCommonViewTest, LinesOfFramesAreAsWideAsAPointInEachDirection) {
+    const QImage picture = drawn(QSize(40, 80), 1, [](QPainter& painter) {
+        painter.scale(1.5, 4);
+        frameRect(painter, QRectF(2, 3, 10, 8), QColor(kRed));
+    });
+    const QRect outer(3, 12, 15, 32);
+    const QRect inner = outer.adjusted(2, 4, -2, -4);
+    EXPECT_TRUE(areSame(picture, drawn(QSize(40, 80), 1, [&](QPainter& painter) {
+                            painter.fillRect(outer, QColor(kRed));
+                            painter.setCompositionMode(QPainter::CompositionMode_Source);
+                            painter.fillRect(inner, Qt::transparent);
+                        })));
+}
+
+TEST(MVCommonViewTest, APointOnPixelsIsTheNearestCornerAndTheNearestWidth) {
+    struct Case {
+        double across, down; ///< [pixels per point]
+        QPointF corner;
+        QRectF pixels;
+    };
+    for (const Case& c : {Case{1, 1, {3, 4}, {3, 4, 1, 1}},
+                          {1, 1, {3.4, 4.6}, {3, 5, 1, 1}},
+                          {1, 1, {3.6, 4.4}, {4, 4, 1, 1}},
+                          {2, 2, {3.2, 4.3}, {6, 9, 2, 2}},
+                          {1.5, 1.5, {3, 4}, {5, 6, 2, 2}},
+                          {1.25, 3, {3, 4.1}, {4, 12, 1, 3}},
+                          {3, 1.25, {3, 4.1}, {9, 5, 3, 1}},
+                          {0.4, 0.4, {5, 10}, {2, 4, 1, 1}}}) {
+        drawn(QSize(40, 40), 1, [&c](QPainter& painter) {
+            painter.scale(c.across, c.down);
+            const QRectF seen = painter.deviceTransform().mapRect(pointOnPixels(painter, c.corner));
+            EXPECT_NEAR(seen.x(), c.pixels.x(), 1e-9);
+            EXPECT_NEAR(seen.y(), c.pixels.y(), 1e-9);
+            EXPECT_NEAR(seen.width(), c.pixels.width(), 1e-9);
+            EXPECT_NEAR(seen.height(), c.pixels.height(), 1e-9);
+        });
+    }
+}
+
 TEST(MVCommonViewTest, APictureBecomesAPngOfTheSamePixels) {
     for (const auto format : {QImage::Format_ARGB32, QImage::Format_RGB32}) {
         QImage picture(31, 17, format);

@@ -113,6 +113,21 @@ TEST(MVCommonViewTest, APictureBecomesAPngOfTheSamePixels) {
     }
 }
 
+TEST(MVCommonViewTest, APngTellsItsPixelsPerLength) {
+    // 96 points to the inch of 25.4 mm.
+    for (const auto& [ratio, perMetre] : {std::pair(1.0, 3780), {1.5, 5669}, {2.0, 7559}}) {
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        picture.setDevicePixelRatio(ratio);
+        const QImage read = QImage::fromData(pngRepresentation(picture), "PNG");
+        EXPECT_EQ(read.dotsPerMeterX(), perMetre);
+        EXPECT_EQ(read.dotsPerMeterY(), perMetre);
+        EXPECT_TRUE(areSame(withDensity(picture), picture));
+        EXPECT_EQ(withDensity(picture).devicePixelRatio(), ratio);
+        EXPECT_EQ(withDensity(picture).dotsPerMeterX(), perMetre);
+    }
+}
+
 TEST(MVCommonViewTest, APictureOfAViewBecomesAPngOfTheSamePixels) {
     PianoView view;
     view.resize(300, 60);

@@ -274,5 +274,20 @@ TEST_F(PartialStateViewTest, IsReadableForThoseWhoCannotSeeIt) {
     EXPECT_EQ(seen->role(), QAccessible::Graphic);
 }
 
+TEST_F(PartialStateViewTest, AnnouncesADrawingThatReadsDifferently) {
+    const HeardValues heard;
+    const auto takeHeard = [](PartialView& view) {
+        pictureOf(view);
+        turn();
+        return std::exchange(HeardValues::values, {});
+    };
+    EXPECT_EQ(takeHeard(mView), std::vector<QString>());
+    mView.setPartials(mSharpA);
+    EXPECT_EQ(takeHeard(mView), std::vector<QString>{"one partial: ay 4, +20. "});
+    EXPECT_EQ(takeHeard(mView), std::vector<QString>()) << "the same once more";
+    mView.setPartials(published({partialAt(57, 20.2)}));
+    EXPECT_EQ(takeHeard(mView), std::vector<QString>()) << "the same in words";
+}
+
 } // namespace
 } // namespace veltrano

@@ -51,7 +51,7 @@ endfunction()
 add_custom_target(all_tests)
 
 # The thread sanitizer runs what threads share; the real-time sanitizer runs the road of a block.
-set(VELTRANO_THREADED platform_audio platform_foundation platform_realtime engine)
+set(VELTRANO_THREADED audio platform_audio platform_foundation platform_realtime engine)
 
 function(veltrano_is_in_suite result target labels)
     set(${result} TRUE PARENT_SCOPE)

@@ -77,12 +77,16 @@ Status HardwareOutputUnit::start() {
     const Status added = mHardware.addIOProc(mDevice, &HardwareOutputUnit::ioProc, this);
     if (added != audio_status::kOk && !mIsRunning) return added;
     const Status started = mHardware.start(mDevice, &HardwareOutputUnit::ioProc);
-    if (started == audio_status::kOk) mIsRunning = true;
+    if (started == audio_status::kOk) {
+        mIsRunning = true;
+    } else if (!mIsRunning) {
+        mHardware.removeIOProc(mDevice, &HardwareOutputUnit::ioProc);
+    }
     return started;
 }
 
 Status HardwareOutputUnit::stop() {
-    if (mDevice == 0) return audio_status::kBadDevice;
+    if (!mIsRunning) return audio_status::kOk;
     const Status stopped = mHardware.stop(mDevice, &HardwareOutputUnit::ioProc);
     mHardware.removeIOProc(mDevice, &HardwareOutputUnit::ioProc);
     mIsRunning = false;
@@ -93,7 +97,8 @@ Status HardwareOutputUnit::stop() {
 
 Status HardwareOutputUnit::ioProc(DeviceId, const AudioTimeStamp*, const AudioBufferList*,
                                   const AudioTimeStamp*, AudioBufferList* output,
-                                  const AudioTimeStamp* outputTime, void* unit) noexcept {
+                                  const AudioTimeStamp* outputTime,
+                                  void* unit) noexcept VELTRANO_NONBLOCKING {
     for (AudioBuffer& buffer : *output)
         static_cast<HardwareOutputUnit*>(unit)->play(buffer, *outputTime);
     return audio_status::kOk;
@@ -167,9 +172,20 @@ void HardwareOutputUnit::post(void (HardwareOutputUnit::*handler)()) {
 /// A device that went while others are there is not waited for. With all of them gone the server
 /// went, and its devices come back under their ids.
 void HardwareOutputUnit::followDevices() {
-    if (mDevice == 0 || mHardware.streamFormat(mDevice, Direction::output)) return;
-    const std::optional<DeviceId> other = mHardware.defaultDevice(Direction::output);
-    if (other) setCurrentDevice(*other);
+    if (mDevice == 0) return;
+    if (mHardware.streamFormat(mDevice, Direction::output)) {
+        if (mIsRunning) start(); // it may have been away for a moment
+    } else if (const auto other = mHardware.defaultDevice(Direction::output)) {
+        setCurrentDevice(*other);
+    }
+    // Later: those who were told of another device look at it first.
+    post(&HardwareOutputUnit::tellOtherRate);
+}
+
+/// The device that came back, or in place of another, need not have the rate of the client.
+void HardwareOutputUnit::tellOtherRate() {
+    const auto format = mHardware.streamFormat(mDevice, Direction::output);
+    if (format && format->sampleRate != mFormat.sampleRate) tellSampleRate();
 }
 
 void HardwareOutputUnit::tell(UnitProperty property) {

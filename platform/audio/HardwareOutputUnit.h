@@ -5,6 +5,7 @@
 #include "platform/audio/AudioHardware.h"
 #include "platform/audio/OutputUnit.h"
 #include "platform/realtime/LatestValue.h"
+#include "platform/realtime/Realtime.h"
 
 #include <functional>
 #include <memory>
@@ -15,7 +16,7 @@ namespace veltrano {
 /// Renders into the device's buffers: the first client channel goes to the device's first channel,
 /// the second to its second one, further ones stay silent. A device whose rate changes is announced
 /// as a new sample rate; when the device is gone for good the unit moves to the default device and
-/// announces that.
+/// announces that, and its rate if it is another one. A device that comes back is started again.
 ///
 /// Thread: main, but for the I/O procedure. Allocates: nothing on the real-time thread.
 /// Owns: its listeners. The hardware outlives it.
@@ -36,7 +37,7 @@ public:
     std::optional<StreamDescription> streamFormat() const override { return mFormat; }
     Status setStreamFormat(const StreamDescription& format) override;
     Status start() override;
-    Status stop() override;
+    Status stop() override; ///< a unit that is not running: nothing, and 0
 
 private:
     struct Callback {
@@ -53,7 +54,8 @@ private:
 
     static Status ioProc(DeviceId, const AudioTimeStamp*, const AudioBufferList*,
                          const AudioTimeStamp*, AudioBufferList* output,
-                         const AudioTimeStamp* outputTime, void* unit) noexcept;
+                         const AudioTimeStamp* outputTime,
+                         void* unit) noexcept VELTRANO_NONBLOCKING;
     static Status onDevices(PropertyCode, void* unit) noexcept;
     static Status onFormat(DeviceId, std::uint32_t, bool, PropertyCode, void* unit) noexcept;
 
@@ -62,6 +64,7 @@ private:
     void listenToDevice(DeviceId device, bool listen);
     void post(void (HardwareOutputUnit::*handler)());
     void followDevices();
+    void tellOtherRate();
     void tellSampleRate() { tell(UnitProperty::sampleRate); }
     void tell(UnitProperty property);
 

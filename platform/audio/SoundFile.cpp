@@ -54,6 +54,7 @@ std::string waveFileBytes(std::span<const float> samples, int rateHz, int channe
     info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
     SNDFILE* const file = sf_open_virtual(&io, SFM_WRITE, &info, &memory);
     if (!file) return {};
+    sf_command(file, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE); // it would hold the time of day
     const auto count = sf_count_t(samples.size());
     const bool isWritten = sf_write_float(file, samples.data(), count) == count;
     const bool isClosed = sf_close(file) == 0; // writes the header

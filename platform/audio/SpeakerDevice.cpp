@@ -51,7 +51,7 @@ bool SpeakerDevice::write(const std::string& path) const {
         waveFileBytes(played(), static_cast<int>(mParameters.sampleRateHz), mParameters.channels);
     std::ofstream file(path, std::ios::binary);
     file.write(bytes.data(), std::streamsize(bytes.size()));
-    return !bytes.empty() && file.good();
+    return !bytes.empty() && file.flush().good();
 }
 
 } // namespace veltrano

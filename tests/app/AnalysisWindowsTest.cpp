@@ -144,8 +144,10 @@ TEST_F(AnalysisWindowsTest, AMinimizedWindowIsBroughtBack) {
     AnalysisWindows windows = load();
     AnalysisWindow& window = *windows.window(AnalysisWindowKind::piano);
     window.showMinimized();
+    EXPECT_FALSE(windows.isVisible(AnalysisWindowKind::piano)) << "out of sight";
     windows.makeKeyAndOrderFront(AnalysisWindowKind::piano);
     EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(windows.isVisible(AnalysisWindowKind::piano));
     EXPECT_TRUE(window.isVisible());
 }
 

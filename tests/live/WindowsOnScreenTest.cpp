@@ -127,6 +127,22 @@ TEST_F(WindowsOnScreen, TheKeysHideAndShowFromEveryWindow) {
     EXPECT_EQ(stored("Partials"), "true");
 }
 
+TEST_F(WindowsOnScreen, AMinimizedOneComesBackByItsKey) {
+    start();
+    ASSERT_TRUE(appears(kPartials));
+    gScreen->press("ctrl+2");
+    ASSERT_TRUE(disappears(kPartials));
+    gScreen->press("ctrl+2");
+    ASSERT_TRUE(becomesActive(kPartials));
+    gScreen->minimizeActive();
+    ASSERT_TRUE(disappears(kPartials));
+    gScreen->press("ctrl+1");
+    ASSERT_TRUE(becomesActive(kTuner));
+    gScreen->press("ctrl+2");
+    EXPECT_TRUE(becomesActive(kPartials));
+    quit();
+}
+
 TEST_F(WindowsOnScreen, AClosedOneStaysClosedAtTheNextStart) {
     start();
     ASSERT_TRUE(appears(kPartials) && appears(kScope) && appears(kPiano));
@@ -176,15 +192,20 @@ TEST(AnalysisWindowFocus, OrderedToTheFrontItLeavesTheFocusWhereItIs) {
         QStringLiteral("PianoWindow"), ResourceFolder(QStringLiteral(VELTRANO_SOURCE_RESOURCES)),
         {{QStringLiteral("PianoView"), [](QWidget* parent) { return new QWidget(parent); }}}, log);
     ASSERT_TRUE(window);
-    window->orderFront();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    QTest::qWait(300); // the window manager may be late
-    EXPECT_TRUE(other.isActiveWindow());
-    EXPECT_FALSE(window->isActiveWindow());
+    for (const char* which : {"a new window", "one that has had the focus"}) {
+        SCOPED_TRACE(which);
+        window->orderFront();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        QTest::qWait(300); // the window manager may be late
+        EXPECT_TRUE(other.isActiveWindow());
+        EXPECT_FALSE(window->isActiveWindow());
 
-    window->hide();
-    window->makeKeyAndOrderFront();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        window->hide();
+        window->makeKeyAndOrderFront();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        window->hide();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    }
 }
 
 } // namespace

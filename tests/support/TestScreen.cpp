@@ -71,6 +71,10 @@ QString TestScreen::active() const {
 
 void TestScreen::press(const QString& keys) const { tool({QStringLiteral("key"), keys}); }
 
+void TestScreen::minimizeActive() const {
+    tool({QStringLiteral("getactivewindow"), QStringLiteral("windowminimize")});
+}
+
 bool TestScreen::await(const std::function<bool()>& condition) {
     return awaitFor(10000, condition);
 }

@@ -31,6 +31,7 @@ public:
     QString active() const;
     /// Presses and releases keys, as "ctrl+2", wherever the focus is.
     void press(const QString& keys) const;
+    void minimizeActive() const;
 
     /// Waits until @p condition holds. @return whether it did within 10 s
     static bool await(const std::function<bool()>& condition);

@@ -53,7 +53,7 @@ void AnalysisWindows::forEach(const std::function<void(AnalysisWindow&)>& visit)
 }
 
 bool AnalysisWindows::isVisible(AnalysisWindowKind kind) const {
-    return window(kind) && window(kind)->isVisible();
+    return window(kind) && window(kind)->isVisible() && !window(kind)->isMinimized();
 }
 
 void AnalysisWindows::orderFront(AnalysisWindowKind kind) {

@@ -79,8 +79,8 @@ TEST_F(ToneThreads, ARequestIsNeverHalfOldAndHalfNew) {
     RequestReader reader(script);
     std::thread rendering([&] { reader.run(); });
     const auto end = Clock::now() + std::chrono::seconds(60);
-    const auto isEnough = [&] { return reader.alternating > 1000 && reader.pairs > 1000; };
-    for (int i = 0; (i < 200'000 || !isEnough()) && Clock::now() < end; ++i) {
+    const auto isEnough = [&] { return reader.alternating > 5000 && reader.pairs > 5000; };
+    for (int i = 0; (i < 100'000 || !isEnough()) && Clock::now() < end; ++i) {
         const Kind& kind = i * 7 % 5 % 2 == 0 ? kAlternating : kPairs;
         generator.playFreq(kind.hz, kind.seconds);
     }

@@ -43,7 +43,7 @@ public:
 private:
     AudioBuffer layout(long block) {
         constexpr std::uint32_t kSizes[] = {512, 64, 441, 1, 1024, 0, 2500};
-        const std::uint32_t frames = kSizes[block % std::size(kSizes)];
+        const std::uint32_t frames = kSizes[std::size_t(block) % std::size(kSizes)];
         const auto channels = std::uint32_t(block % 3 + 1);
         return {channels, frames * channels * std::uint32_t(sizeof(float)), mSamples.data()};
     }

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <array>
 #include <cmath>
+#include <new>
 #include <vector>
 
 namespace veltrano {
@@ -103,15 +104,27 @@ std::optional<ToneOptions> read(const QCommandLineParser& parser, QString& error
     return options;
 }
 
-std::vector<float> render(const ToneOptions& options) {
+/// @return bytes of the file; empty when a WAV file cannot hold that sound
+std::string render(const ToneOptions& options) {
     const auto rate = static_cast<float>(options.rateHz);
     const std::int64_t frames = ToneSynthesis::framesOf(options.seconds, rate);
     ToneSynthesis tone;
     tone.setSampleRate(rate);
     tone.play(frames);
-    std::vector<float> samples(static_cast<std::size_t>(frames + tone.fadeFrames()));
+    const auto all = static_cast<std::size_t>(frames + tone.fadeFrames());
+    if (all > kMostWaveSamples) return {};
+    std::vector<float> samples(all);
     tone.render(samples, options.sound);
-    return samples;
+    return waveFileBytes(samples, options.rateHz, 1);
+}
+
+/// @return why there is no file now
+std::optional<std::string> write(const ToneOptions& options) try {
+    const std::string bytes = render(options);
+    if (bytes.empty()) return "not a sound that a WAV file can hold";
+    return writeFileAtomically(options.path, bytes);
+} catch (const std::bad_alloc&) {
+    return "not enough memory";
 }
 
 } // namespace
@@ -123,10 +136,7 @@ int runTone(const QStringList& arguments) {
     QString usageError;
     const std::optional<ToneOptions> options = read(parser, usageError);
     if (!options) return wrongUsage(QStringLiteral("tone"), usageError);
-    const std::string bytes = waveFileBytes(render(*options), options->rateHz, 1);
-    const std::optional<std::string> failure = bytes.empty()
-                                                   ? "not a sound that a WAV file can hold"
-                                                   : writeFileAtomically(options->path, bytes);
+    const std::optional<std::string> failure = write(*options);
     if (!failure) return kDone;
     complain(options->path + ": " + *failure);
     return kRefused;

@@ -45,7 +45,10 @@ struct MemoryFile {
 } // namespace
 
 std::string waveFileBytes(std::span<const float> samples, int rateHz, int channels) {
+    if (samples.size() > kMostWaveSamples) return {};
+    constexpr std::size_t kHeaderBytes = 1024; // more than enough
     MemoryFile memory;
+    memory.bytes.reserve(samples.size_bytes() + kHeaderBytes); // may throw, the library must not
     SF_VIRTUAL_IO io{&MemoryFile::length, &MemoryFile::seek, &MemoryFile::read, &MemoryFile::write,
                      &MemoryFile::tell};
     SF_INFO info{};

@@ -3,6 +3,7 @@
 #include "audio/ToneSynthesis.h"
 
 #include <cmath>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
@@ -314,6 +315,24 @@ TEST(ToneSynthesisTest, AfterAnHourTheFrequencyIsWithinAThousandthOfACent) {
     const double hz = (tone.phase() - before) / 10;
     EXPECT_LT(std::abs(1200 * std::log2(hz / double(4186.009f))), 0.001);
 }
+
+#if defined(NDEBUG) && !defined(VELTRANO_SANITIZED)
+TEST(ToneSynthesisTest, ASecondTakesLessThanTwoMilliseconds) {
+    Samples second(48000);
+    for (int index = 0; index < 4; ++index) {
+        ToneSynthesis tone;
+        tone.setSampleRate(48000);
+        tone.play(std::int64_t(1) << 40);
+        std::clock_t least = CLOCKS_PER_SEC;
+        for (int run = 0; run < 20; ++run) {
+            const std::clock_t begin = std::clock(); // of the processor: others may be at work
+            tone.render(second, {440, 1, index});
+            least = std::min(least, std::clock() - begin);
+        }
+        EXPECT_LT(least, CLOCKS_PER_SEC / 500) << "waveform " << index;
+    }
+}
+#endif
 
 // --- no rate, another rate ---
 

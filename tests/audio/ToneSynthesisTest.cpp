@@ -146,6 +146,18 @@ TEST(ToneSynthesisTest, BlocksOfAnySizeGiveTheSameSamples) {
     EXPECT_EQ(samples, expected);
 }
 
+TEST(ToneSynthesisTest, ARampMayBeASingleStep) {
+    ToneSynthesis tone = slowTone();
+    tone.play(100);
+    rendered(tone, 50);
+    tone.setSampleRate(10);
+    EXPECT_EQ(steps(tone, 2), "10 10");
+    tone.play(3);
+    EXPECT_EQ(steps(tone, 6), "10 10 10 0| 0 0");
+    tone.play(1);
+    EXPECT_EQ(steps(tone, 2), "10 0|");
+}
+
 TEST(ToneSynthesisTest, NoFramesChangeNothing) {
     ToneSynthesis tone = slowTone();
     tone.play(0);
@@ -180,6 +192,7 @@ TEST(ToneSynthesisTest, LengthsAreProductsInSinglePrecisionTruncated) {
                   {0, 44100, 0},          {1, 0, 0},
                   {kNan, 44100, 0},       {kInfinity, 44100, 0},
                   {-kInfinity, 44100, 0}, {1e19f, 44100, 0},
+                  {9.2e18f, 1, 0},        {-9.2e18f, 1, 0},
                   {-1, 100, -100},        {1000000, 96000, 96000000000}};
     for (const auto& test : kCases) {
         EXPECT_EQ(ToneSynthesis::framesOf(test.seconds, test.rateHz), test.frames)

@@ -31,6 +31,7 @@ constexpr Point kPoints[] = {
     {"the wrap at a quarter of a sample", 0.96875, 0.125, -0.125, 0.0625, 0.5},
     {"standing still, high", 0, 0, 0, 0, 1},
     {"standing still, low", 0.75, 0, -1, -0.5, -1},
+    {"standing still at the jump", 0.5, 0, 0, -1, -1},
     {"half a cycle per sample, from the rise", 0.25, 0.5, 1, 0, 0},
     {"half a cycle per sample, from the fall", 0.75, 0.5, -1, 0, 0},
     {"both edges in a sample, high to high", 0.25, 0.75, 1, -0.08333333333333333, 1},

@@ -91,7 +91,8 @@ void KeyDownWindow::keyPressEvent(QKeyEvent* event) {
 bool KeyDownWindow::focusNextPrevChild(bool next) {
     const QWidget* const focus = QApplication::focusWidget();
     const bool wantsText = focus && focus->testAttribute(Qt::WA_InputMethodEnabled);
-    if (next && !wantsText && send(commandOf(*actionOfKey(NamedKey::tab)))) return true;
+    const bool isBare = (QApplication::keyboardModifiers() & kModifiers) == Qt::NoModifier;
+    if (next && isBare && !wantsText && send(commandOf(*actionOfKey(NamedKey::tab)))) return true;
     return QMainWindow::focusNextPrevChild(next);
 }
 

@@ -130,7 +130,8 @@ void AUOutputUnit::setAUDevice() {
 
 void AUOutputUnit::start() {
     const Status status = mOutputUnit ? mOutputUnit->start() : kNoUnit;
-    if (status != audio_status::kOk) logFailure("AudioOutputUnitStart", status);
+    mHasStarted = status == audio_status::kOk;
+    if (!mHasStarted) logFailure("AudioOutputUnitStart", status);
     mIsRunning = true; // kept: whatever the status
 }
 

@@ -65,6 +65,8 @@ public:
     const std::optional<std::string>& outputDeviceName() const { return mDeviceName; }
     std::optional<std::string> deviceName() const override { return mDeviceName; }
     bool isRunning() const { return mIsRunning; }
+    /// Whether the last start() went well; a device may have been away.
+    bool hasStarted() const { return mHasStarted; }
     DeviceId outputDevice() const { return mOutputDevice; }
     const DeviceList& deviceList() const { return mAudioOutputSourceArray; }
 
@@ -97,6 +99,7 @@ private:
     UnitListenerProc mListenerProc = nullptr;
     void* mListenerRefCon = nullptr;
     bool mIsRunning = false;
+    bool mHasStarted = false;
 };
 
 } // namespace veltrano

@@ -23,6 +23,7 @@ SoundGen::SoundGen(std::unique_ptr<OneShotTimer> stopTimer)
 }
 
 SoundGen::~SoundGen() {
+    delete mEndsArrived; // before the descriptor that it watches
     if (!mAUOutputUnit) return;
     if (mAUOutputUnit->isRunning()) mAUOutputUnit->stop(); // the callback may be running just now
     mAUOutputUnit->setAURenderProc(nullptr, nullptr);
@@ -50,7 +51,8 @@ void SoundGen::playFreq(float frequencyHz, float lengthSeconds) {
     ++mWanted.lengthSerial;
     mRequest.set(mWanted);
     mStopTimer->cancel(); // or an earlier tone's stop could cut this one's fade-out
-    if (!running) start();
+    // A start that failed is tried again: the device may be back.
+    if (!running || (mAUOutputUnit && !mAUOutputUnit->hasStarted())) start();
 }
 
 void SoundGen::setLength(float seconds) {

@@ -40,6 +40,12 @@ void PulseOutputStream::attach(const Client& client, const DeviceRecord& device,
     if (!isOpen()) mFormat = device.format;
 }
 
+void PulseOutputStream::renew(double now) noexcept {
+    if (mAwaySeconds < kMostAwaySeconds) return;
+    mLastAsked = now;
+    mAwaySeconds = 0;
+}
+
 Status PulseOutputStream::open(pa_context* context, const DeviceRecord& device) {
     close();
     mFormat = device.format;

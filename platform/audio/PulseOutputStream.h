@@ -25,8 +25,10 @@ public:
         void* refCon = nullptr;
     };
 
-    static constexpr double kStallSeconds =
-        0.5; ///< without being asked, until sound is thrown away
+    /// Without being asked, until sound is thrown away: while there is no stream, and with one, as
+    /// a sink may take two seconds to ask for its first sound.
+    static constexpr double kStallSeconds = 0.5;
+    static constexpr double kSlowSinkSeconds = 3.0;
     static constexpr double kStepSeconds = 0.02;   ///< length of a block that is thrown away
     static constexpr double kMostAwaySeconds = 60; ///< after that nobody can be waiting for its end
 
@@ -38,6 +40,8 @@ public:
 
     /// The device was started: @p client is asked for sound from now on.
     void attach(const Client& client, const DeviceRecord& device, double now);
+    /// The device was started again: there may be a new tone to be brought to its end.
+    void renew(double now) noexcept;
     /// The device was stopped. The stream stays open and gives silence.
     void detach() noexcept { mClient = {}; }
     bool isAttached() const noexcept { return mClient.proc != nullptr; }
@@ -62,7 +66,9 @@ private:
 
     void write(std::size_t bytes) noexcept;
     void render(float* to, std::size_t frames) noexcept;
-    double awayFrom() const noexcept { return mLastAsked + kStallSeconds; }
+    double awayFrom() const noexcept {
+        return mLastAsked + (isOpen() ? kSlowSinkSeconds : kStallSeconds);
+    }
 
     Client mClient; ///< proc is null while detached
     const std::function<void()> mFailed;

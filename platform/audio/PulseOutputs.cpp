@@ -18,7 +18,11 @@ void PulseOutputs::start(const PulseOutputStream::Client& client, const DeviceRe
                          double now) {
     Output& output = mOutputs[client.device];
     if (!output.stream) output.stream = std::make_unique<PulseOutputStream>(mWake);
-    if (!output.stream->isAttached()) output.stream->attach(client, device, now);
+    if (output.stream->isAttached()) {
+        output.stream->renew(now);
+    } else {
+        output.stream->attach(client, device, now);
+    }
     mWake();
 }
 

@@ -167,6 +167,24 @@ TEST_F(ToneOnDevices, WithoutADeviceAtTheStartTheNextToneIsHeardOnTheOneThatCome
     EXPECT_NEAR(heardHz(b, 48000), 1000, 0.1);
 }
 
+TEST_F(ToneOnDevices, AToneThatCouldNotBeginDoesNotSilenceTheNextOne) {
+    auto& device = speaker("A", 44100);
+    begin("Speaker : A");
+    generator->playFreq(kHz, 0.1f);
+    playToEnd(device);
+    settle();
+    timer->fire();
+    ASSERT_FALSE(output->isRunning());
+    hardware.removeDevice(device.id());
+    settle();
+    generator->playFreq(kHz, 10);
+    EXPECT_EQ(log.lines, Lines{"AudioOutputUnitStart failed: -1"});
+    hardware.returnDevice(device.id());
+    settle();
+    generator->playFreq(kHz, 10);
+    EXPECT_NEAR(heardHz(device, 44100), 1000, 0.1);
+}
+
 TEST_F(ToneOnDevices, SwitchingAndEndingWhileStoppedLogsNothing) {
     auto& a = speaker("A", 44100);
     auto& b = speaker("B", 44100);

@@ -125,6 +125,21 @@ TEST_F(HilbertTraceViewTest, DotsAreSquaresAndStandAlone) {
         EXPECT_EQ(seen.at(beside.x(), beside.y()), kWhite);
 }
 
+TEST_F(HilbertTraceViewTest, ADotIsASixtiethOfHalfTheHeightWideAndHigh) {
+    mPreferences.setHilbertLine(false);
+    const Seen seen = draw(impulse(2048, 0.5f)); // alone, 90 points above the middle
+    const double pixel = ratio();
+    if (pixel != std::floor(pixel)) GTEST_SKIP() << "three points are not whole pixels";
+    for (const double x : {179.1, 180.5, 181.9}) {
+        for (const double y : {269.1, 270.5, 271.9})
+            EXPECT_LE(difference(seen.at(x, y), kBlack), 1) << x << ", " << y;
+        EXPECT_LE(difference(seen.at(x, 268.9), kWhite), 1);
+        EXPECT_LE(difference(seen.at(x, 272.1), kWhite), 1);
+    }
+    for (const double x : {178.9, 182.1})
+        EXPECT_LE(difference(seen.at(x, 270.5), kWhite), 1);
+}
+
 TEST_F(HilbertTraceViewTest, TheLineConnectsThePoints) {
     const Seen seen = draw(sine(256, 0.5));
     for (int corner = 0; corner < 32; ++corner)
@@ -191,6 +206,16 @@ TEST_F(HilbertTraceViewTest, SamplesFrom1792To2303ArePlotted) {
             EXPECT_EQ(seen.isAll(kBlack, 180.2, 270.2, 0.6, 0.6) && seen.at(180.5, 270.5) == kBlack,
                       c.isPlotted);
         }
+    }
+}
+
+TEST_F(HilbertTraceViewTest, TheFirstAndTheLastPointBelongToTheLine) {
+    for (const std::size_t end : {std::size_t{1792}, std::size_t{2303}}) {
+        const Seen seen = draw(impulse(end, 0.5f)); // its neighbours lie on the middle's height
+        const QImage between =
+            seen.picture().copy(0, static_cast<int>((360 - 235) * ratio()), seen.picture().width(),
+                                static_cast<int>(20 * ratio()));
+        EXPECT_EQ(extentBeside(kWhite, between).height(), between.height()) << end;
     }
 }
 

@@ -142,13 +142,14 @@ TEST(ControllerWindows, DecayGridAndHoldChangeTheirOwnSettingToAndFro) {
         return all;
     };
     for (std::size_t i = 0; i < std::size(cases); ++i) {
-        SCOPED_TRACE(cases[i].name);
+        const Case& row = cases[i];
+        SCOPED_TRACE(row.name);
         const std::vector<bool> before = values();
         std::vector<bool> changed = before;
         changed[i] = !changed[i];
-        (controller.*cases[i].change)();
+        (controller.*row.change)();
         EXPECT_EQ(values(), changed);
-        (controller.*cases[i].change)();
+        (controller.*row.change)();
         EXPECT_EQ(values(), before);
     }
 }

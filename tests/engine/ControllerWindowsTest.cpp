@@ -2,6 +2,7 @@
 // The windows beside the tuner window: at the start, at the end, by the menus; their settings.
 #include "tests/engine/ControllerRig.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -105,13 +106,13 @@ TEST(ControllerWindows, PartialsAndScopeAreSwitchedKeyboardAndTunerComeToTheFron
         rig.windows.visible.fill(true); // the others' visibility is of no account
         rig.windows.calls.clear();
         visible(rig, row.window) = false;
-        (controller.*row.show)();
+        std::invoke(row.show, controller);
         EXPECT_EQ(rig.windows.calls, row.whenHidden);
 
         rig.windows.visible.fill(false);
         rig.windows.calls.clear();
         visible(rig, row.window) = true;
-        (controller.*row.show)();
+        std::invoke(row.show, controller);
         EXPECT_EQ(rig.windows.calls, row.whenVisible);
     }
     ControllerRig rig;
@@ -147,9 +148,9 @@ TEST(ControllerWindows, DecayGridAndHoldChangeTheirOwnSettingToAndFro) {
         const std::vector<bool> before = values();
         std::vector<bool> changed = before;
         changed[i] = !changed[i];
-        (controller.*row.change)();
+        std::invoke(row.change, controller);
         EXPECT_EQ(values(), changed);
-        (controller.*row.change)();
+        std::invoke(row.change, controller);
         EXPECT_EQ(values(), before);
     }
 }

@@ -3,6 +3,7 @@
 #include "tests/engine/ControllerRig.h"
 #include "tuning/PitchClass.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -47,7 +48,7 @@ TEST_F(ManualMode, KeysStepAndPlayWithSoundBack) {
         SCOPED_TRACE(test.name);
         chooseNote(test.from);
         rig.tone.played.clear();
-        (controller.*test.step)();
+        std::invoke(test.step, controller);
         EXPECT_EQ(rig.preferences.manualNote(), test.to);
         const auto hz = float(440 * std::exp2((test.to - 57) / 12.0));
         ASSERT_EQ(rig.tone.played.size(), 1u) << "played, also when the key stays";
@@ -78,7 +79,7 @@ TEST_F(ManualMode, InAutomaticModeStepsDoNothing) {
     rig.display.takeCalls();
     for (const auto step : {&Controller::noteUp, &Controller::noteDown, &Controller::octaveUp,
                             &Controller::octaveDown}) {
-        (controller.*step)();
+        std::invoke(step, controller);
         EXPECT_EQ(rig.preferences.manualNote(), 57);
         EXPECT_EQ(rig.preferences.manualType(), 1);
     }

@@ -267,6 +267,15 @@ TEST_F(SoundGenTest, AToneDuringTheReleaseRampsUpFromTheLevelReached) {
     EXPECT_EQ(samples[699], 1.0f);
 }
 
+TEST_F(SoundGenTest, TheUnitsRateIsKnownBeforeTheFirstCycle) {
+    generator = std::make_unique<SoundGen>();
+    generator->setAUOutputUnit(unit());
+    playEnvelope(0.5f); // 4000 samples
+    const auto samples = render(4001);
+    EXPECT_EQ(samples[3999], 1.0f);
+    EXPECT_LT(samples[4000], 1.0f);
+}
+
 TEST_F(SoundGenTest, LengthIsCountedAtTheUnitsRateInSinglePrecision) {
     hardware.changeFormat(device, kOut, VirtualDevice::format(44100, 2));
     settle();

@@ -68,12 +68,12 @@ void AUOutputUnit::setAUListenerProc(UnitListenerProc proc, void* refCon) {
 // --- selecting ---
 
 void AUOutputUnit::setOutputDeviceWithName(const std::optional<std::string>& name) {
+    int index = indexOfOutputDeviceWithName(name);
+    if (index < 0) index = indexOfDefaultOutputDevice();
     if (mAudioOutputSourceArray.empty()) {
         if (name) mDeviceName = name;
         return;
     }
-    int index = indexOfOutputDeviceWithName(name);
-    if (index < 0) index = indexOfDefaultOutputDevice();
     setOutputDeviceAtIndex(index);
 }
 

@@ -219,8 +219,9 @@ TEST_F(AUOutputFollowing, AnEmptyListKeepsTheWantedNameAndSelectsItWhenTheListCo
     EXPECT_EQ(unit().outputDeviceName(), "M : B");
     EXPECT_EQ(unit().outputDevice(), 0u);
     EXPECT_FALSE(unit().isRunning());
-    EXPECT_TRUE(log.lines.empty());
+    EXPECT_EQ(takeLog(), Lines{kNoDefaultOutputLine});
     unit().updateCurrentDevice();
+    EXPECT_EQ(takeLog(), Lines{}) << "nothing was looked for";
     hardware.addDevice(loudspeaker("A", 44100));
     const DeviceId b = hardware.addDevice(loudspeaker("B", 48000));
     settle();
@@ -240,6 +241,7 @@ TEST_F(AUOutputFollowing, AnEmptyListKeepsTheNameThatWasWantedBefore) {
 TEST_F(AUOutputFollowing, WithoutAWantedNameTheDefaultDeviceIsSelectedWhenTheListComes) {
     unit().setOutputDeviceWithName(std::nullopt);
     EXPECT_EQ(unit().outputDeviceName(), std::nullopt);
+    EXPECT_EQ(takeLog(), Lines{kNoDefaultOutputLine});
     hardware.addDevice(loudspeaker("A"));
     const DeviceId b = hardware.addDevice(loudspeaker("B"));
     hardware.setDefaultDevice(kOut, b);

@@ -16,7 +16,9 @@ HelpPanel::HelpPanel(ResourceFolder resources, Log& log, std::function<void()> b
 
 void HelpPanel::showHelpPanel() {
     if (!mWindow && !load()) return;
-    if (!mWindow->isVisible()) centreOnScreen(*mWindow);
+    // To Qt a minimised window is visible.
+    if (!mWindow->isVisible() || mWindow->isMinimized()) centreOnScreen(*mWindow);
+    mWindow->setWindowState(mWindow->windowState() & ~Qt::WindowMinimized);
     mWindow->show();
     mWindow->raise();
     mWindow->activateWindow();

@@ -61,6 +61,17 @@ TEST_F(HelpPanelTest, SecondTimeOnlyBringsTheSameWindowToTheFront) {
     EXPECT_TRUE(mLog.lines.empty());
 }
 
+TEST_F(HelpPanelTest, MinimisedItIsNotVisible) {
+    mFolder.write("Help.ui", kInterface);
+    mPanel.showHelpPanel();
+    QWidget* window = mPanel.window();
+    window->move(5, 7);
+    window->showMinimized();
+    mPanel.showHelpPanel();
+    EXPECT_FALSE(window->isMinimized());
+    EXPECT_TRUE(isCentred(*window));
+}
+
 TEST_F(HelpPanelTest, WithoutItsFileItLogsBeepsAndStops) {
     const struct {
         const char* name;

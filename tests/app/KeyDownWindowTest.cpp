@@ -139,6 +139,7 @@ TEST_F(KeyDownWindowTest, CopyPutsThePictureOnTheClipboardAsPngAndTiffWithLzw) {
     const QMimeData* data = QApplication::clipboard()->mimeData();
     ASSERT_TRUE(data);
     EXPECT_EQ(data->formats().value(0), "Apple PNG pasteboard type");
+    EXPECT_EQ(data->formats().last(), "image/tiff") << "after every kind of PNG";
     EXPECT_EQ(data->data("Apple PNG pasteboard type"), data->data("image/png"));
     const QImage expected = window.centralWidget()->grab().toImage();
     const auto picture = [&](const char* format) {

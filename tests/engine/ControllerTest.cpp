@@ -130,6 +130,29 @@ TEST(Controller, SettingsAreAnswered) {
     EXPECT_TRUE(rig.display.meterEnabled);
 }
 
+TEST(Controller, ADeviceThatTheUserPicksStartsANewFrame) {
+    ControllerRig rig;
+    VirtualDevice second;
+    second.manufacturer = "Other";
+    second.name = "Line";
+    second.input = VirtualDevice::side(44100, 1);
+    const DeviceId id = rig.hardware.addDevice(second);
+    Controller& controller = rig.start();
+    rig.deliver(std::vector<float>(1000, 0.25f));
+    controller.inputUnit().setInputDeviceAtIndex(1);
+    controller.inputDevicePopupChanged();
+    EXPECT_EQ(rig.display.takeCalls(),
+              (Lines{"strobeSampleRate 44100", "text inputDevice Other : Line"}));
+    rig.device = id;
+    rig.deliver(toneSamples(100, 0.5f, 5392));
+    controller.serveFrames();
+    EXPECT_TRUE(rig.display.callsOf("strobeData").empty()) << "the partial frame is dropped";
+    rig.deliver({0.0f});
+    controller.serveFrames();
+    EXPECT_EQ(rig.display.callsOf("strobeData"), Lines{"strobeData 5393"});
+    EXPECT_EQ(rig.display.strobeData->samples[25], 0.5f);
+}
+
 TEST(Controller, ARateChangeIsPassedOn) {
     ControllerRig rig;
     Controller& controller = rig.start();

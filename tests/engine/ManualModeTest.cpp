@@ -145,6 +145,26 @@ TEST_F(ManualMode, AKeyShowsItsTargetAndLeavesItAsTheFreePitch) {
     EXPECT_NEAR(rig.preferences.manualPitch(), hz, 1e-6) << "free pitch starts from the last key";
 }
 
+TEST_F(ManualMode, EveryDisplayIsBroughtUpToDateInBothKinds) {
+    const std::vector<std::string> rest{"light inTune gray28x28",      "light flat gray24x24",
+                                        "light sharp gray24x24",       "text cent --.-",
+                                        "text frequency ---.---",      "text frequencyDiff ---.---",
+                                        "text idealFrequency 440.000", "strobeFrequency 440"};
+    const auto shown = [&](std::vector<std::string> first) {
+        first.insert(first.end(), rest.begin(), rest.end());
+        return first;
+    };
+    controller.manualModeUI();
+    EXPECT_EQ(rig.display.takeCalls(),
+              shown({"text note A", "text accidental  ", "hidden accidental yes", "text octave 4",
+                     "pianoNote 57", "text stretchOffset \u00B10.000"}));
+    rig.preferences.setManualType(1);
+    rig.display.takeCalls();
+    controller.manualModeUI();
+    EXPECT_EQ(rig.display.takeCalls(), shown({"text note -", "text accidental ", "text octave -",
+                                              "pianoNote -1", "text stretchOffset --.---"}));
+}
+
 TEST_F(ManualMode, AfterManualModeTheCentTextWaitsForOtherTenths) {
     ControllerRig fresh;
     Controller& tuner = fresh.start();

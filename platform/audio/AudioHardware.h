@@ -40,6 +40,7 @@ public:
     virtual std::vector<DataSourceId> dataSources(DeviceId, Direction) const = 0;
     virtual std::optional<DataSourceId> dataSource(DeviceId, Direction) const = 0;
     virtual std::optional<std::string> dataSourceName(DeviceId, Direction, DataSourceId) const = 0;
+    /// When the answer is 0 it is read back at once; 'ssrc' comes when the device has followed.
     virtual Status setDataSource(DeviceId, Direction, DataSourceId) = 0;
 
     /// @param channel 1 ... channels; 0 is the master channel, which a device may lack

@@ -44,6 +44,16 @@ struct DeviceSnapshot {
         }
         return nullptr;
     }
+    /// The same list with another data source in use. An unknown device or source changes nothing.
+    DeviceSnapshot withSource(DeviceId id, DataSourceId source) const {
+        DeviceSnapshot changed = *this;
+        for (DeviceRecord& device : changed.devices) {
+            for (const DeviceRecord::Source& known : device.sources) {
+                if (device.id == id && known.id == source) device.source = source;
+            }
+        }
+        return changed;
+    }
     bool hasInput() const noexcept {
         for (const DeviceRecord& device : devices) {
             if (device.direction == Direction::input) return true;

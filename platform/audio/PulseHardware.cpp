@@ -174,7 +174,10 @@ Status PulseHardware::setDataSource(DeviceId id, Direction direction, DataSource
     if (!isDataSourceWritable(id, direction)) return kNotSupported;
     if (!dataSourceName(id, direction, source)) return kNotSupported;
     const PulseMainLoop::Lock lock(m->loop);
-    return m->session.setPort(*device, source);
+    const Status sent = m->session.setPort(*device, source);
+    // Who writes it reads it back; the server's next list comes later, and with it 'ssrc'.
+    if (sent == kOk) m->published.set(m->published.get()->withSource(id, source));
+    return sent;
 }
 
 Status PulseHardware::setVolume(DeviceId id, Direction direction, std::uint32_t channel,

@@ -261,6 +261,7 @@ void PulseSession::onDone(pa_context* context, int isDone, void* session) {
     if (isDone) return;
     auto* self = static_cast<PulseSession*>(session);
     self->mLog.detail(withStatus("The sound server refused a setting", pa_context_errno(context)));
+    self->mReports.published(self->mPolicy.published(), {}); // without what was refused
 }
 
 } // namespace veltrano

@@ -157,6 +157,25 @@ TEST(ServerDeviceTable, PortsAreDataSourcesWithLastingNumbers) {
     EXPECT_EQ(table.portName(7, 1), nullptr);
 }
 
+TEST(ServerDeviceTable, ASourceThatWasChosenIsInUseUntilTheServerSaysOtherwise) {
+    ServerDeviceTable table;
+    const ServerListing said = listing(
+        {withPorts(sink("a"), "front"), withPorts(sink("b"), "front"), withPorts(source("a"), "")});
+    const DeviceSnapshot before = table.snapshot(said);
+    const DeviceSnapshot after = before.withSource(2, 2);
+    EXPECT_EQ(after.find(2)->source, 2u);
+    EXPECT_EQ(after.find(1)->source, 1u);
+    EXPECT_EQ(after.find(3)->source, std::nullopt);
+    EXPECT_EQ(propertyChanges(before, after),
+              (std::vector<PropertyChange>{{2, 0, Direction::output, PropertyCode::dataSource}}))
+        << "and nothing else is";
+    for (const auto& [device, unknown] : {std::pair{2u, 3u}, {2u, 0u}, {4u, 1u}, {0u, 1u}}) {
+        SCOPED_TRACE(unknown);
+        EXPECT_EQ(propertyChanges(before, before.withSource(device, unknown)),
+                  std::vector<PropertyChange>{});
+    }
+}
+
 TEST(ServerDeviceTable, FindsTheDefaultsByDirection) {
     ServerDeviceTable table;
     const auto both =

@@ -13,6 +13,29 @@ QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// A command whose state the document itself decides on; nullopt: another one.
+std::optional<TuningDocument::Command> validatedCommand(MenuCommand command) {
+    using Command = TuningDocument::Command;
+    switch (command) {
+    case MenuCommand::copy:
+        return Command::copy;
+    case MenuCommand::cut:
+        return Command::cut;
+    case MenuCommand::paste:
+        return Command::paste;
+    case MenuCommand::deleteAll:
+        return Command::deleteAll;
+    case MenuCommand::revert:
+        return Command::revertDocumentToSaved;
+    case MenuCommand::save:
+        return Command::saveDocument;
+    case MenuCommand::exportScala:
+        return Command::exportTemperament;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 EditorWindow::EditorWindow(Document& document, EditorContents contents, std::function<void()> close)
@@ -57,27 +80,16 @@ std::optional<CommandState> EditorWindow::commandState(MenuCommand command) cons
             name.empty() ? verb : verb + u' ' + fromUtf8(name).replace(u'&', QStringLiteral("&&"));
         return CommandState{isEnabled, std::nullopt, title};
     };
+    if (command == MenuCommand::exportScala && !mContents.commands.exportScala) return std::nullopt;
+    if (const auto validated = validatedCommand(command)) {
+        return CommandState{mContents.commands.validateMenuItem(*validated)};
+    }
     const EditHistory& history = mDocument.history();
-    const bool isEdited = mDocument.isDocumentEdited();
-    const bool hasFile = !mDocument.path().empty();
     switch (command) {
     case MenuCommand::undo:
         return titled(tr("&Undo"), history.undoName(), history.canUndo());
     case MenuCommand::redo:
         return titled(tr("&Redo"), history.redoName(), history.canRedo());
-    case MenuCommand::copy:
-    case MenuCommand::cut:
-    case MenuCommand::deleteAll:
-        return CommandState{};
-    case MenuCommand::paste:
-        return CommandState{mContents.commands.isPastable()};
-    case MenuCommand::revert:
-        return CommandState{isEdited && hasFile};
-    case MenuCommand::save:
-        return CommandState{isEdited || !hasFile};
-    case MenuCommand::exportScala:
-        if (!mContents.commands.exportScala) return std::nullopt;
-        return CommandState{};
     case MenuCommand::closeWindow:
     case MenuCommand::saveAs:
     case MenuCommand::saveTo:

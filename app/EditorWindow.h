@@ -5,6 +5,7 @@
 #include "app/MenuCommands.h"
 #include "platform/desktop/Document.h"
 #include "platform/desktop/PagePrinter.h"
+#include "tuning/TuningDocument.h"
 
 #include <QMainWindow>
 #include <functional>
@@ -18,7 +19,7 @@ struct DocumentCommands {
     std::function<void()> cut;
     std::function<void()> paste;
     std::function<void()> deleteAll;
-    std::function<bool()> isPastable;
+    std::function<bool(TuningDocument::Command)> validateMenuItem;
     std::function<void()> exportScala; ///< empty: the document cannot
 };
 
@@ -28,7 +29,7 @@ DocumentCommands commandsOf(AnyDocument& document) {
             [&document] { document.cut(); },
             [&document] { document.paste(); },
             [&document] { document.deleteAll(); },
-            [&document] { return document.isPastable(); },
+            [&document](auto command) { return document.validateMenuItem(command); },
             {}};
 }
 

@@ -7,6 +7,7 @@
 #include "tests/support/RecordingLog.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QLineEdit>
 #include <QTableView>
@@ -92,6 +93,33 @@ TEST_F(DocumentDeskTest, AFileIsOpenedEditedAndSaved) {
     EXPECT_TRUE(only().isWindowModified());
     EXPECT_EQ(table().model()->index(0, 1).data().toString(), "+6.000");
     EXPECT_TRUE(panels.asked.empty());
+}
+
+TEST_F(DocumentDeskTest, SaveRevertAndPasteFollowTheDocument) {
+    const auto isEnabled = [this](MenuCommand command) {
+        return only().commandState(command)->isEnabled;
+    };
+    for (const MenuCommand kind : {MenuCommand::newTemperament, MenuCommand::newStretch}) {
+        QApplication::clipboard()->clear();
+        desk->perform(kind);
+        EXPECT_TRUE(isEnabled(MenuCommand::save)) << "it has no file yet";
+        EXPECT_FALSE(isEnabled(MenuCommand::revert));
+        edit(0, 1, "3");
+        EXPECT_FALSE(isEnabled(MenuCommand::revert)) << "there is nothing to go back to";
+        panels.savePaths = {folder.filePath("kept").toStdString()};
+        only().perform(MenuCommand::save);
+        EXPECT_FALSE(isEnabled(MenuCommand::save));
+        EXPECT_FALSE(isEnabled(MenuCommand::revert));
+        edit(0, 1, "4");
+        EXPECT_TRUE(isEnabled(MenuCommand::save));
+        EXPECT_TRUE(isEnabled(MenuCommand::revert));
+        EXPECT_FALSE(isEnabled(MenuCommand::paste));
+        only().perform(MenuCommand::copy);
+        EXPECT_TRUE(isEnabled(MenuCommand::paste));
+        only().perform(MenuCommand::save);
+        only().close();
+        QApplication::processEvents();
+    }
 }
 
 TEST_F(DocumentDeskTest, ARefusedFileSaysWhyOnce) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Output.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 namespace veltrano {
@@ -12,7 +14,17 @@ void Output::line(std::string_view text) {
     whole += '\n';
     const bool isWritten = std::fwrite(whole.data(), 1, whole.size(), stdout) == whole.size();
     mIsClosed = !isWritten || std::fflush(stdout) != 0;
-    if (mIsClosed && onClosed) onClosed();
+    if (!mIsClosed) return;
+    if (errno == EPIPE) {
+        std::clearerr(stdout); // the reader has had enough, which is no failure
+    } else {
+        complain(std::string("standard output: ") + std::strerror(errno));
+    }
+    if (onClosed) onClosed();
+}
+
+int exitCodeAfterOutput(int exitCode) {
+    return exitCode == kDone && std::ferror(stdout) ? kRefused : exitCode;
 }
 
 void complain(std::string_view text) {

@@ -46,6 +46,14 @@ std::optional<int> wholeNumber(const QCommandLineParser& parser, const QString& 
     return std::nullopt;
 }
 
+/// The parser knows the program's path, but not that the command comes first.
+QString helpOf(const QCommandLineParser& parser, const QString& command) {
+    const QString program = QCoreApplication::arguments().value(0);
+    QString help = parser.helpText().trimmed();
+    return help.replace(help.indexOf(program), program.size(),
+                        QStringLiteral("veltrano-cli ") + command);
+}
+
 std::optional<double> pitch(const QCommandLineParser& parser, QString& error) {
     if (!isGiven(parser, kReferencePitch)) return std::nullopt;
     bool isNumber = false;
@@ -124,7 +132,7 @@ std::optional<int> parseCommand(QCommandLineParser& parser, const QStringList& a
         return kDone;
     }
     if (parser.isSet(help)) {
-        output.line(parser.helpText().trimmed().toStdString());
+        output.line(helpOf(parser, arguments.value(0)).toStdString());
         return kDone;
     }
     if (!isParsed) {

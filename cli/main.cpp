@@ -28,16 +28,8 @@ constexpr const char* kUsage = "Usage: veltrano-cli COMMAND [OPTIONS]\n"
                                "\n"
                                "Exit code: 0 done, 1 the input was refused, 2 wrong usage.";
 
-} // namespace
-
-int main(int argc, char** argv) {
+int run(const QStringList& arguments) {
     using namespace veltrano;
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe ends the program quietly, by the failed write
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("veltrano-cli"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
-
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
     const QString command = arguments.value(0);
     if (command == QLatin1String("analyze")) return runAnalyze(arguments);
     if (command == QLatin1String("partials")) return runPartials(arguments);
@@ -61,4 +53,14 @@ int main(int argc, char** argv) {
                  ? "a command is needed. See veltrano-cli --help."
                  : "unknown command \"" + command.toStdString() + "\". See veltrano-cli --help.");
     return kWrongUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN); // a closed pipe ends the program quietly, by the failed write
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("veltrano-cli"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
+    return veltrano::exitCodeAfterOutput(run(QCoreApplication::arguments().mid(1)));
 }

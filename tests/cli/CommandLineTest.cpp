@@ -4,7 +4,9 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
@@ -286,6 +288,36 @@ TEST_F(CommandLine, AClosedPipeEndsQuietly) {
     ASSERT_TRUE(process.waitForFinished(30000));
     EXPECT_EQ(process.readAllStandardError(), "0\n");
     EXPECT_EQ(process.readAllStandardOutput().count('\n'), 1);
+}
+
+TEST_F(CommandLine, ReadingsThatCannotBeWrittenAreAFailure) {
+    const QString recording = write("short.wav", wav(1, 1, 8000, 16, sine16(440, 8000, 1)));
+    const QString cases[] = {"analyze " + recording,
+                             "partials " + recording,
+                             "temperament " + write("t", ""),
+                             "stretch " + write("s", ""),
+                             "scl " + write("c", "!\n"),
+                             "--help",
+                             "scl --help"};
+    for (const QString& arguments : cases) {
+        SCOPED_TRACE(arguments.toStdString());
+        QProcess process;
+        process.start("/bin/sh", {"-c", VELTRANO_CLI " " + arguments + " > /dev/full"});
+        ASSERT_TRUE(process.waitForFinished(30000));
+        EXPECT_EQ(process.exitCode(), 1);
+        EXPECT_EQ(process.readAllStandardError(),
+                  "veltrano-cli: standard output: " + QByteArray(std::strerror(ENOSPC)) + "\n");
+    }
+}
+
+TEST_F(CommandLine, HelpSaysHowTheCommandIsCalled) {
+    const QByteArrayList commands{"analyze", "partials",    "listen",  "devices",
+                                  "tone",    "temperament", "stretch", "scl"};
+    for (const QByteArray& command : commands) {
+        const QByteArray help = runCommand({command, "--help"}).output;
+        EXPECT_TRUE(help.startsWith("Usage: veltrano-cli " + command + " [options]"))
+            << help.toStdString();
+    }
 }
 
 TEST_F(CommandLine, NoWindowSystemIsLinkedIn) {

@@ -28,6 +28,7 @@ HilbertView::HilbertView(const Preferences& preferences, QWidget* parent)
     : QWidget(parent), AccessibleReadout(*this, QAccessible::Graphic), mPrefs(preferences),
       isDark(MVCommon::appearanceIsDark()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus);
     setColors();
 }
 
@@ -71,6 +72,7 @@ void HilbertView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.drawImage(QPointF(0, 0), mImage);
     if (mPrefs.hilbertGrid()) drawGrid(painter);
+    mFocusRing.paint(painter);
 }
 
 void HilbertView::drawHilbert() {

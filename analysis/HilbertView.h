@@ -4,6 +4,7 @@
 
 #include "analysis/HilbertTransform.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 #include "platform/realtime/Frame.h"
 
 #include <QColor>
@@ -56,6 +57,7 @@ private:
     QColor mBackgroundColor;
     QColor mDecayColor;
     QColor mGridColor;
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

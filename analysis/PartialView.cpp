@@ -67,6 +67,7 @@ void PartialView::setPartials(PartialsRef partials) {
     if (partials == mPartials) return;
     mPartials = std::move(partials);
     update();
+    if (isNothing) accessibleValueChanged();
 }
 
 PartialTargets PartialView::targets() const {
@@ -91,7 +92,10 @@ std::string PartialView::partialsSpeech(bool details) const {
 }
 
 QString PartialView::accessibleValue() const {
-    return QString::fromStdString(partialsSpeech(false));
+    // The records outlive what is shown.
+    const bool isNothing = !mPartials || mPartials->empty();
+    return QString::fromStdString(veltrano::partialsSpeech(
+        isNothing ? std::span<const PartialData>() : mRecords.records(), mInTuneThreshold, false));
 }
 
 void PartialView::iaSpeakStatus() {

@@ -5,6 +5,7 @@
 #include "analysis/PartialRecords.h"
 #include "analysis/Partials.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 #include "platform/foundation/NotificationCenter.h"
 
 #include <QColor>
@@ -58,6 +59,7 @@ private:
     void observeSettings();
     void speak(bool details);
     PartialTargets targets() const;
+    void drawRecords(QPainter& painter);
     void drawCentreLine(QPainter& painter) const;
     void drawPianoKeyboard(QPainter& painter);
     QImage pianoKeyboardImage(QSize pixels) const;
@@ -88,6 +90,7 @@ private:
     QColor mCentNumberAttributes; ///< the colour of that text; likewise the following ones
     QColor mNoteNameAttributes;
     QColor mBlackNoteNameAttributes;
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

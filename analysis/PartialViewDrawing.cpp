@@ -68,7 +68,11 @@ void PartialView::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     drawCentreLine(painter);
     drawPianoKeyboard(painter);
-    if (!mPartials || mPartials->empty()) return;
+    if (mPartials && !mPartials->empty()) drawRecords(painter);
+    mFocusRing.paint(painter);
+}
+
+void PartialView::drawRecords(QPainter& painter) {
     const std::string wordsBefore = partialsSpeech(false);
     const auto records = mRecords.generatePartialData(*mPartials, targets());
     if (partialsSpeech(false) != wordsBefore) accessibleValueChanged();

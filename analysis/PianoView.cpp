@@ -27,6 +27,7 @@ PianoView::PianoView(QWidget* parent)
     : QWidget(parent), AccessibleReadout(*this, QAccessible::Graphic),
       isDark(MVCommon::appearanceIsDark()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus); // the mouse does nothing here
     setColors();
 }
 
@@ -64,6 +65,7 @@ void PianoView::paintEvent(QPaintEvent*) {
     for (const Key& key : keyboard.keys)
         drawKey(painter, key);
     if (keyboard.label) drawLabel(painter, *keyboard.label);
+    mFocusRing.paint(painter);
 }
 
 // Edges lie on whole device pixels, so that neighbours leave no seam.

@@ -4,6 +4,7 @@
 
 #include "analysis/PianoKeys.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 
 #include <QColor>
 #include <QWidget>
@@ -39,6 +40,7 @@ private:
     QColor mBlackKeyNoteNameBackgroundColor;
     QColor mRedKeyAttributes;            ///< of a name on a marked white key
     QColor mHighlightBlackKeyAttributes; ///< of the name of a marked black key
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

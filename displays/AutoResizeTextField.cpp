@@ -52,8 +52,13 @@ QString AutoResizeTextField::shownText() const {
 }
 
 void AutoResizeTextField::paintEvent(QPaintEvent*) {
-    if (mText.isEmpty()) return;
     QPainter painter(this);
+    if (!mText.isEmpty()) paintText(painter);
+    mFocusRing.paint(painter);
+}
+
+void AutoResizeTextField::paintText(QPainter& painter) const {
+    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     useContentCoordinates(painter);
     painter.setPen(mIsCaption ? Appearance::captionColor(palette())
@@ -67,6 +72,7 @@ void AutoResizeTextField::paintEvent(QPaintEvent*) {
     } else {
         setter().draw(painter, lineStart(width), line);
     }
+    painter.restore();
 }
 
 QPointF AutoResizeTextField::lineStart(double lineWidth) const {

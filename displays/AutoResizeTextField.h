@@ -5,6 +5,7 @@
 #include "displays/LineSetter.h"
 #include "displays/ScaledContent.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 
 #include <QString>
 
@@ -51,6 +52,7 @@ protected:
 
 private:
     const LineSetter& setter() const;
+    void paintText(QPainter& painter) const;
     void styleChanged();
     void updateToolTip();
     QPointF lineStart(double lineWidth) const;
@@ -65,6 +67,7 @@ private:
     bool mIsCaption = false; ///< in the captions' colour
     double mBaseline = -1;   ///< [points above the bottom] below 0: capitals are centred
     mutable std::optional<LineSetter> mSetter; ///< made anew after a change of style
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

@@ -9,7 +9,7 @@
 namespace veltrano {
 
 DotView::DotView(QWidget* parent)
-    : QWidget(parent), AccessibleReadout(*this, QAccessible::Indicator) {}
+    : QWidget(parent), AccessibleReadout(*this, QAccessible::Graphic) {}
 
 void DotView::setImage(ImageRef image) {
     if (image == mImage) return;
@@ -18,11 +18,29 @@ void DotView::setImage(ImageRef image) {
     accessibleValueChanged();
 }
 
-QString DotView::accessibleValue() const {
+QString DotView::colour() const {
     if (!mImage) return {};
     const QString& name = mImage->name();
     const auto size = std::ranges::find_if(name, [](QChar c) { return c.isDigit(); });
     return name.left(std::distance(name.begin(), size));
+}
+
+bool DotView::isLit() const { return mImage && colour() != u"gray"; }
+
+QString DotView::accessibleValue() const {
+    if (!mImage) return {};
+    return isLit() ? meaning(colour()) : tr("off");
+}
+
+QString DotView::meaning(const QString&) const { return tr("on"); }
+
+QString InTuneDotView::meaning(const QString& colour) const {
+    return colour == u"green" ? tr("yes") : tr("no");
+}
+
+QString LevelDotView::meaning(const QString& colour) const {
+    if (colour == u"yellow") return tr("peak");
+    return colour == u"red" ? tr("overload") : tr("on");
 }
 
 void DotView::paintEvent(QPaintEvent*) {

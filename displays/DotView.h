@@ -19,13 +19,19 @@ public:
     void setImage(ImageRef image);
     const ImageRef& image() const { return mImage; }
 
-    /// The colour, which is the image's name up to its size: "gray", "green", ...
+    /// What the colour means.
     QString accessibleValue() const override;
+    /// Neither grey nor without an image.
+    bool isLit() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    /// @param colour of a light that is lit
+    virtual QString meaning(const QString& colour) const;
 
 private:
+    QString colour() const; ///< the image's name up to its size: "gray", "green", ...
+
     ImageRef mImage;
 };
 
@@ -34,6 +40,9 @@ class InTuneDotView final : public DotView {
     Q_OBJECT
 public:
     using DotView::DotView;
+
+protected:
+    QString meaning(const QString& colour) const override;
 };
 class OutOfTuneDotView final : public DotView {
     Q_OBJECT
@@ -44,6 +53,9 @@ class LevelDotView final : public DotView {
     Q_OBJECT
 public:
     using DotView::DotView;
+
+protected:
+    QString meaning(const QString& colour) const override;
 };
 
 } // namespace veltrano

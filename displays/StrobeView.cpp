@@ -24,7 +24,9 @@ StrobeView::StrobeView(ImageLibrary& images, QWidget* parent)
     : QWidget(parent), AccessibleReadout(*this, QAccessible::Graphic),
       mBackgroundImage(images.imageNamed(QStringLiteral("strobeviewbackground"))),
       mBarImage(images.imageNamed(QStringLiteral("strobeviewbar"))),
-      mBarSize(mBarImage ? mBarImage->size() : QSizeF()) {}
+      mBarSize(mBarImage ? mBarImage->size() : QSizeF()) {
+    setFocusPolicy(Qt::TabFocus);
+}
 
 void StrobeView::setData(FrameRef frame) {
     if (frame == mData) return;
@@ -40,7 +42,11 @@ void StrobeView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF bounds(rect());
     if (mBackgroundImage) mBackgroundImage->draw(painter, bounds);
-    if (!mData || mData->samples.empty()) return;
+    if (mData && !mData->samples.empty()) drawBars(painter, bounds);
+    mFocusRing.paint(painter);
+}
+
+void StrobeView::drawBars(QPainter& painter, const QRectF& bounds) {
     const DevicePlace place = DevicePlace::of(painter, bounds);
     composeBars(place.pixels.size());
     painter.drawImage(place.logical, mBars);

@@ -4,6 +4,7 @@
 
 #include "displays/StrobePattern.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 #include "platform/desktop/ImageLibrary.h"
 #include "platform/realtime/Frame.h"
 
@@ -33,6 +34,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void drawBars(QPainter& painter, const QRectF& bounds);
     void composeBars(QSize pixels);
 
     const ImageRef mBackgroundImage;
@@ -42,6 +44,7 @@ private:
     FrameRef mData;
     float mPeak = 0;
     QImage mBars; ///< the off-screen image, kept to save its allocation
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

@@ -6,6 +6,7 @@
 #include "platform/foundation/LenientNumber.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace veltrano {
 
@@ -22,7 +23,9 @@ TuningMeterView::TuningMeterView(ImageLibrary& images, QWidget* parent)
       mScaleImage(images.imageNamed(QStringLiteral("tuningscale"))),
       mNeedleImage(images.imageNamed(QStringLiteral("tuningneedle"))),
       mInTuneNeedleImage(images.imageNamed(QStringLiteral("intuneneedle"))),
-      mEndStopNeedleImage(images.imageNamed(QStringLiteral("outtuneneedle"))) {}
+      mEndStopNeedleImage(images.imageNamed(QStringLiteral("outtuneneedle"))) {
+    setFocusPolicy(Qt::TabFocus);
+}
 
 void TuningMeterView::setCent(float cents) {
     if (cents == mCent) return;
@@ -50,11 +53,18 @@ QString TuningMeterView::accessibleValue() const {
     return tr("%1 cents").arg(cents);
 }
 
+std::optional<AccessibleRange> TuningMeterView::accessibleRange() const {
+    constexpr double kEnd = dial::kEndStop;
+    const double cents = mEnabled ? static_cast<double>(mCent) : 0;
+    return AccessibleRange{-kEnd, kEnd, std::clamp(cents, -kEnd, kEnd)};
+}
+
 void TuningMeterView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (mDialImage) mDialImage->draw(painter, rect());
     if (mEnabled) drawNeedle(painter, dial::needlePose(mCent, mThreshold));
     if (mScaleImage) mScaleImage->draw(painter, rect());
+    mFocusRing.paint(painter);
 }
 
 void TuningMeterView::drawNeedle(QPainter& painter, const dial::Pose& pose) const {

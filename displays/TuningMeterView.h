@@ -4,6 +4,7 @@
 
 #include "displays/Dial.h"
 #include "platform/desktop/AccessibleReadout.h"
+#include "platform/desktop/FocusRing.h"
 #include "platform/desktop/ImageLibrary.h"
 
 #include <QWidget>
@@ -22,6 +23,7 @@ public:
     void setEnabled(bool enabled); ///< whether there is a needle; hides QWidget's, kept interactive
 
     QString accessibleValue() const override;
+    std::optional<AccessibleRange> accessibleRange() const override; ///< [cents]
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -38,6 +40,7 @@ private:
     float mCent = 0;
     long mThreshold = dial::kDefaultThreshold;
     bool mEnabled = false;
+    FocusRing mFocusRing{*this};
 };
 
 } // namespace veltrano

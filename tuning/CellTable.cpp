@@ -128,6 +128,8 @@ QVariant CellTableModel::data(const QModelIndex& index, int role) const {
         return mContents.text(index.row(), index.column());
     case Qt::AccessibleTextRole:
         return mContents.accessibleText(index.row(), index.column());
+    case Qt::AccessibleDescriptionRole:
+        return accessibleDescription(index);
     case Qt::ToolTipRole:
         return mContents.tip ? mContents.tip(index.row(), index.column()) : QVariant();
     case Qt::TextAlignmentRole:
@@ -137,8 +139,17 @@ QVariant CellTableModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+/// What a look at the table, or trying, tells others.
+QString CellTableModel::accessibleDescription(const QModelIndex& index) const {
+    if (mContents.mayEdit(index.row(), index.column())) return tr("editable");
+    return mContents.tip ? mContents.tip(index.row(), index.column()) : QString();
+}
+
 QVariant CellTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
+    // The first column says what a row is; the rows' own header is hidden, but not for everyone.
+    if (orientation == Qt::Vertical)
+        return role == Qt::AccessibleTextRole ? mContents.accessibleText(section, 0) : QVariant();
+    if (role == Qt::AccessibleTextRole) return mContents.accessibleTitles.value(section);
     if (role == Qt::DisplayRole) return mContents.columnTitles.value(section);
     if (role == Qt::TextAlignmentRole)
         return QVariant((section == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);

@@ -15,6 +15,7 @@ namespace veltrano {
 /// What a table shows; an empty function of an editable table is never called.
 struct CellTableContents {
     QStringList columnTitles;
+    QStringList accessibleTitles; ///< of the same columns; a missing one is as it is shown
     int rows = 0;
     std::function<QString(int row, int column)> text;
     std::function<QString(int row, int column)> accessibleText;
@@ -39,6 +40,8 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 private:
+    QString accessibleDescription(const QModelIndex& index) const;
+
     const CellTableContents mContents;
 };
 

@@ -20,11 +20,19 @@ QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// "-12.3 to +4.0 cents": what a glance at a curve tells.
-QString rangeOf(std::span<const double> cents) {
-    const auto [lowest, highest] = std::ranges::minmax(cents);
-    return GraphView::tr("%1 to %2 cents")
-        .arg(fromUtf8(signedDecimals(lowest, 1)), fromUtf8(signedDecimals(highest, 1)));
+/// "lowest Ab -12.3 cents, highest C +4.0 cents": what a glance at a curve tells.
+/// @param nameOf names a column
+template <class NameOf>
+QString extremesOf(std::span<const double> cents, NameOf nameOf) {
+    if (cents.empty()) return {};
+    const auto lowest = std::ranges::min_element(cents);
+    const auto highest = std::ranges::max_element(cents);
+    const QString least = fromUtf8(signedDecimals(*lowest, 1));
+    const QString most = fromUtf8(signedDecimals(*highest, 1));
+    if (least == most) return GraphView::tr("all %1 cents").arg(least);
+    const auto name = [&](auto at) { return nameOf(static_cast<int>(at - cents.begin())); };
+    return GraphView::tr("lowest %1 %2 cents, highest %3 %4 cents")
+        .arg(name(lowest), least, name(highest), most);
 }
 
 } // namespace
@@ -32,6 +40,7 @@ QString rangeOf(std::span<const double> cents) {
 GraphView::GraphView(QWidget* parent)
     : QWidget(parent), AccessibleReadout(static_cast<QWidget&>(*this), QAccessible::Chart) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -43,6 +52,7 @@ void GraphView::refresh() {
 void GraphView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     graph().paint(painter, width(), height());
+    mFocusRing.paint(painter);
 }
 
 CentGraph TemperamentGraphView::graphOf(const MVTemperamentDocument& document) {
@@ -65,7 +75,9 @@ CentGraph TemperamentGraphView::graph() const {
 }
 
 QString TemperamentGraphView::accessibleValue() const {
-    return mTemperamentDocument ? rangeOf(mTemperamentDocument->values().cents()) : QString();
+    if (!mTemperamentDocument) return {};
+    const Temperament& values = mTemperamentDocument->values();
+    return extremesOf(values.cents(), [&](int row) { return fromUtf8(values.noteName(row)); });
 }
 
 CentGraph StretchGraphView::graphOf(const MVStretchDocument& document) {
@@ -90,7 +102,11 @@ CentGraph StretchGraphView::graph() const {
 }
 
 QString StretchGraphView::accessibleValue() const {
-    return mStretchDocument ? rangeOf(mStretchDocument->stretchDoubles()) : QString();
+    if (!mStretchDocument) return {};
+    return extremesOf(mStretchDocument->stretchDoubles(), [](int key) {
+        return fromUtf8(MVStretchDocument::noteName(key % kPitchClasses)) +
+               QString::number(key / kPitchClasses);
+    });
 }
 
 } // namespace veltrano

@@ -4,6 +4,7 @@
 
 #include "platform/desktop/AccessibleReadout.h"
 #include "platform/desktop/ControlPorts.h"
+#include "platform/desktop/FocusRing.h"
 #include "tuning/CentGraph.h"
 
 #include <QWidget>
@@ -27,6 +28,9 @@ protected:
     /// Columns without cents while there is no document.
     virtual CentGraph graph() const = 0;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    FocusRing mFocusRing{*this};
 };
 
 class TemperamentGraphView final : public GraphView {

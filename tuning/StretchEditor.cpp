@@ -24,6 +24,13 @@ QStringList columnTitles() {
     return titles;
 }
 
+QStringList accessibleTitles() {
+    QStringList titles{StretchEditor::tr("Note")};
+    for (int octave = 0; octave < MVStretchDocument::numberOfOctaves(); ++octave)
+        titles.append(StretchEditor::tr("Octave %1").arg(octave));
+    return titles;
+}
+
 /// @param column 0: the name, otherwise an octave
 QString cellOf(const MVStretchDocument& document, int row, int column) {
     if (column == 0) return fromUtf8(MVStretchDocument::noteName(row));
@@ -33,6 +40,7 @@ QString cellOf(const MVStretchDocument& document, int row, int column) {
 CellTableContents contentsOf(MVStretchDocument& document) {
     CellTableContents contents;
     contents.columnTitles = columnTitles();
+    contents.accessibleTitles = accessibleTitles();
     contents.rows = MVStretchDocument::numberOfRows();
     contents.text = [&document](int row, int column) { return cellOf(document, row, column); };
     contents.accessibleText = [&document](int row, int column) {

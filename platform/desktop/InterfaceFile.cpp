@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QScrollBar>
 #include <QThread>
 #include <QUiLoader>
 #include <utility>
@@ -67,6 +68,14 @@ private:
     const WidgetMakers& mMakers;
 };
 
+void nameScrollBars(const QWidget& widget) {
+    for (QScrollBar* bar : widget.findChildren<QScrollBar*>()) {
+        const bool isVertical = bar->orientation() == Qt::Vertical;
+        bar->setAccessibleName(QCoreApplication::translate(
+            "veltrano", isVertical ? "Vertical scroll bar" : "Horizontal scroll bar"));
+    }
+}
+
 } // namespace
 
 std::unique_ptr<QWidget> loadInterfaceFile(const QString& path, const WidgetMakers& makers,
@@ -88,6 +97,7 @@ std::unique_ptr<QWidget> loadInterfaceFile(const QString& path, const WidgetMake
         warnings = scope.take();
     }
     if (widget) {
+        nameScrollBars(*widget);
         for (const QString& warning : warnings)
             qWarning("%s", qUtf8Printable(warning));
     } else {

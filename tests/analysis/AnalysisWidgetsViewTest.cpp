@@ -178,6 +178,14 @@ TEST_F(AnalysisWidgetsViewTest, InterfaceFilesHoldTheViewsWithTheirNames) {
         window->ensurePolished();
         pictureOf(*window);
         EXPECT_EQ(views[0]->size(), c.size) << "fills the window";
+        window->show();
+        window->activateWindow();
+        QCoreApplication::processEvents();
+        views[0]->clearFocus(); // it has it, but not by a key
+        views[0]->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(views[0]->grab().toImage().pixelColor(0, views[0]->height() / 2),
+                  views[0]->palette().color(QPalette::Highlight))
+            << "the focus is seen";
     }
 }
 

@@ -11,6 +11,7 @@
 #include "tests/support/RecordingLog.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -172,13 +173,60 @@ TEST_F(TunerWindowTest, EveryReadoutHasANameAndSaysItsValue) {
     }
     for (int i = 0; i < kTunerLights; ++i) {
         DotView& light = mWindow->outlets().light(lightAt(i));
-        mWindow->setLight(lightAt(i), LightImage::red24x24);
-        EXPECT_EQ(seen(light)->text(QAccessible::Value), "red");
+        mWindow->setLight(lightAt(i), LightImage::green16x16);
+        EXPECT_EQ(seen(light)->text(QAccessible::Value),
+                  lightAt(i) == TunerLight::inTune ? "yes" : "on");
+        mWindow->setLight(lightAt(i), LightImage::gray16x16);
+        EXPECT_EQ(light.accessibleValue(), "off");
     }
     EXPECT_EQ(seen(*mWindow->outlets().meter)->role(), QAccessible::Dial);
     EXPECT_EQ(seen(*mWindow->outlets().strobe)->role(), QAccessible::Graphic);
     names.sort();
     EXPECT_EQ(names.removeDuplicates(), 0) << "every name is its own";
+}
+
+TEST_F(TunerWindowTest, PanesCanHaveTheFocusAndSayWhatTheyHold) {
+    mWindow->show();
+    mWindow->activateWindow();
+    QApplication::processEvents();
+    mWindow->setText(TunerText::note, "B");
+    mWindow->setText(TunerText::accidental, "\u266d");
+    mWindow->setText(TunerText::octave, "3");
+    mWindow->setText(TunerText::cent, "+02.6");
+    mWindow->setText(TunerText::frequency, "233.400");
+    mWindow->setText(TunerText::tuningName, "Vallotti");
+    mWindow->setLight(TunerLight::sharp, LightImage::red24x24);
+    mWindow->setLight(TunerLight::inTune, LightImage::blue28x28);
+    mWindow->setLight(levelLight(0), LightImage::green16x16);
+    mWindow->setLight(levelLight(4), LightImage::yellow16x16);
+    mWindow->setText(TunerText::level, "-20dB");
+    const std::pair<const char*, const char*> kPanes[] = {
+        {"noteBox", "Key: B flat 3"},
+        {"mCentText", "Cents: +02.6"},
+        {"mStrobeView", "Strobe: no signal"},
+        {"lightsBox", "Lights: In tune: no, Sharp: on"},
+        {"mTuningMeterView", "Deviation: off"},
+        {"readoutBox0", "Frequency: 233.400 Hz"},
+        {"readoutBox1", "Target: Hz"},
+        {"readoutBox2", "Difference: Hz"},
+        {"readoutBox3", "Stretch offset: cents"},
+        {"tuningBox", "Tuning: Temperament: Vallotti"},
+        {"inputBox", "Input"},
+        {"levelBox", "Level: 2 of 8 lights -20dB"},
+    };
+    QWidget* at = mWindow->findChild<QWidget*>("noteBox");
+    for (const auto& [name, says] : kPanes) {
+        EXPECT_EQ(at->objectName(), name) << "in the order of the focus";
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name), says);
+        at->clearFocus(); // the first one has it, but not by a key
+        at->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(at->grab().toImage().pixelColor(0, at->height() / 2),
+                  at->palette().color(QPalette::Highlight))
+            << "the focus is seen";
+        do {
+            at = at->nextInFocusChain();
+        } while (at->focusPolicy() == Qt::NoFocus);
+    }
 }
 
 TEST_F(TunerWindowTest, LongNamesAreElidedAndWholeInTheToolTip) {

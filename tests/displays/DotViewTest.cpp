@@ -58,11 +58,31 @@ TYPED_TEST(EveryDotView, RedrawsOnlyForAnotherImage) {
     EXPECT_EQ(paints.take(), 1);
 }
 
-TYPED_TEST(EveryDotView, SaysItsColour) {
-    TypeParam view;
-    EXPECT_EQ(view.accessibleValue(), "");
-    view.setImage(this->mImages.imageNamed("green16x16"));
-    EXPECT_EQ(view.accessibleValue(), "green");
+TEST_F(DotViewTest, SaysWhatItsColourMeans) {
+    for (const char* name : {"gray16x16", "yellow16x16", "red16x16", "blue28x28"})
+        mArtwork.addPlain(name, 16, 16, "#808080");
+    InTuneDotView inTune;
+    OutOfTuneDotView outOfTune;
+    LevelDotView level;
+    const struct {
+        DotView& view;
+        const char *image, *says;
+    } kCases[] = {
+        {inTune, "gray16x16", "off"},    {inTune, "green16x16", "yes"},
+        {inTune, "blue28x28", "no"},     {outOfTune, "gray16x16", "off"},
+        {outOfTune, "red24x24", "on"},   {level, "gray16x16", "off"},
+        {level, "green16x16", "on"},     {level, "yellow16x16", "peak"},
+        {level, "red16x16", "overload"},
+    };
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(row.image);
+        row.view.setImage(nullptr);
+        EXPECT_EQ(row.view.accessibleValue(), "");
+        EXPECT_FALSE(row.view.isLit());
+        row.view.setImage(mImages.imageNamed(row.image));
+        EXPECT_EQ(row.view.accessibleValue(), row.says);
+        EXPECT_EQ(row.view.isLit(), std::string_view(row.says) != "off");
+    }
 }
 
 TEST_F(DotViewTest, KindsCanBeToldApart) {

@@ -61,7 +61,7 @@ TEST_F(EditorControlsTest, AClickElsewhereTakesTheTextOver) {
 
 TEST_F(EditorControlsTest, TabGoesRoundTheControls) {
     const auto check = [this] {
-        for (const char* next : {"nameField", "descriptionField", "table"}) {
+        for (const char* next : {"graph", "nameField", "descriptionField", "table"}) {
             press(Qt::Key_Tab);
             EXPECT_EQ(focused(), next);
         }

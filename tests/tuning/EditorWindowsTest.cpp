@@ -34,14 +34,26 @@ TEST_F(EditorWindowsTest, EverythingHasAName) {
     select(0, kCent);
     press(Qt::Key_F2);
     EXPECT_EQ(field()->accessibleName(), "C (PU), Cent: ±0.000");
+    const auto saysOf = [this](int row, int column) {
+        return table().model()->index(row, column).data(Qt::AccessibleDescriptionRole).toString();
+    };
+    EXPECT_EQ(saysOf(0, kCent), "editable");
+    EXPECT_EQ(saysOf(0, 0), "");
+    EXPECT_EQ(saysOf(9, kCent), "A is what the others are measured against.");
     editor.reset();
     stretch();
+    const auto header = [this](int section, Qt::Orientation orientation) {
+        return table().model()->headerData(section, orientation, Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(header(0, Qt::Horizontal), "Note");
+    EXPECT_EQ(header(4, Qt::Horizontal), "Octave 3");
+    EXPECT_EQ(header(3, Qt::Vertical), "Eb");
     EXPECT_EQ(table().model()->index(3, 5).data(Qt::AccessibleTextRole).toString(),
               "Eb4: ±0.000 cents");
     auto* graph = editor->findChild<QWidget*>("graph");
     stretchDocument->setCell(0, 0, "-12.3");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(graph)->text(QAccessible::Value),
-              "-12.3 to +0.0 cents");
+              "lowest C0 -12.3 cents, highest C#0 +0.0 cents");
 }
 
 TEST_F(EditorWindowsTest, BothFitALaptopWithEveryCellInSight) {
@@ -191,15 +203,15 @@ TEST_F(EditorWindowsTest, RowsAlternateAndFollowTheAppearance) {
     Appearance::choose(AppearanceChoice::system);
 }
 
-TEST_F(EditorWindowsTest, TabGoesThroughTheFieldsAndTheTable) {
+TEST_F(EditorWindowsTest, TabGoesThroughTheFieldsTheTableAndTheGraph) {
     temperament();
     editor->findChild<QWidget*>("nameField")->setFocus();
     QStringList visited;
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 4; ++i) {
         visited.append(QApplication::focusWidget()->objectName());
         press(Qt::Key_Tab);
     }
-    EXPECT_EQ(visited.join(" "), "nameField descriptionField table");
+    EXPECT_EQ(visited.join(" "), "nameField descriptionField table graph");
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "nameField") << "and round";
 }
 

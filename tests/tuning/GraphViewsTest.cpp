@@ -56,7 +56,8 @@ TEST_F(GraphViewsTest, ANewValueIsAnnounced) {
     QTest::qWait(1);
     AccessibleReadout::setListener({});
     ASSERT_FALSE(heard.empty());
-    EXPECT_EQ(heard[0], std::pair(QAccessible::ValueChanged, QString("+0.0 to +12.0 cents")));
+    EXPECT_EQ(heard[0], std::pair(QAccessible::ValueChanged,
+                                  QString("lowest C0 +0.0 cents, highest A4 +12.0 cents")));
 }
 
 } // namespace

@@ -13,14 +13,15 @@ namespace {
 class Readout : public QWidget, public AccessibleReadout {
 public:
     Readout() : AccessibleReadout(*this, QAccessible::StaticText) {}
-    QString accessibleValue() const override { return mValue; }
-    void set(const QString& value) {
-        mValue = value;
+    QString accessibleValue() const override { return value; }
+    std::optional<AccessibleRange> accessibleRange() const override { return range; }
+    void set(const QString& text) {
+        value = text;
         accessibleValueChanged();
     }
 
-private:
-    QString mValue;
+    QString value;
+    std::optional<AccessibleRange> range;
 };
 
 QStringList gValues;
@@ -52,6 +53,60 @@ TEST(AccessibleReadout, NameAndValue) {
     EXPECT_EQ(seen->text(QAccessible::Value), "+12.3");
     readout.set("");
     EXPECT_EQ(seen->text(QAccessible::Name), "Cents");
+}
+
+TEST(AccessibleReadout, IsATextAndAScaleIsANumber) {
+    Readout readout;
+    readout.set("+12.3");
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&readout);
+    QAccessibleTextInterface* text = seen->textInterface();
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->characterCount(), 5);
+    EXPECT_EQ(text->text(0, 5), "+12.3");
+    EXPECT_EQ(text->text(1, 3), "12");
+    EXPECT_EQ(seen->valueInterface(), nullptr);
+    readout.range = AccessibleRange{-50, 50, 12.3};
+    QAccessibleValueInterface* number = seen->valueInterface();
+    ASSERT_NE(number, nullptr);
+    EXPECT_EQ(number->currentValue(), 12.3);
+    EXPECT_EQ(number->minimumValue(), -50.0);
+    EXPECT_EQ(number->maximumValue(), 50.0);
+}
+
+TEST(AccessibleReadout, IsSeenAsOneEvenBeforeAnyoneAskedForIt) {
+    Readout readout;
+    // What a desktop's accessibility does while an interface file is being read.
+    readout.setAccessibleName("Cents");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&readout)->role(), QAccessible::StaticText);
+}
+
+TEST(AccessibleReadout, AFollowerSaysThatItChanged) {
+    AccessibleReadout::setListener({[] { return true; }, keepEvent});
+    gValues.clear();
+    Readout member;
+    {
+        Readout brief;
+        member.addFollower(brief);
+    }
+    Readout group;
+    member.addFollower(group);
+    group.value = "of all";
+    member.set("of one");
+    runFor(20);
+    EXPECT_EQ(gValues, (QStringList{"of all", "of one"}));
+    AccessibleReadout::setListener({});
+}
+
+TEST(AccessibleReadout, WhatReadsTheSameIsNotHeardAgain) {
+    AccessibleReadout::setListener({[] { return true; }, keepEvent});
+    gValues.clear();
+    Readout readout;
+    readout.set("1");
+    runFor(20);
+    readout.set("1");
+    runFor(300);
+    EXPECT_EQ(gValues, QStringList{"1"});
+    AccessibleReadout::setListener({});
 }
 
 TEST(AccessibleReadout, ChangesAreHeardAtMostFourTimesASecondTheLastAlways) {

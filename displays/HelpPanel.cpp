@@ -2,9 +2,11 @@
 // The help window.
 #include "displays/HelpPanel.h"
 
+#include "displays/HelpNavigation.h"
 #include "platform/desktop/InterfaceFile.h"
 #include "platform/desktop/WindowPlacement.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <utility>
 
@@ -25,13 +27,31 @@ void HelpPanel::showHelpPanel() {
 }
 
 bool HelpPanel::load() {
+    const WidgetMakers makers{
+        {QStringLiteral("HelpText"), [](QWidget* parent) { return new HelpText(parent); }}};
     QString error;
-    mWindow = loadInterfaceFile(mResources.interfaceFile(QStringLiteral("Help")), {}, &error);
-    if (mWindow) return true;
+    mWindow = loadInterfaceFile(mResources.interfaceFile(QStringLiteral("Help")), makers, &error);
+    if (mWindow) {
+        showManual();
+        return true;
+    }
     mLog.line("Failed to load Help.nib");
     mLog.detail(error.toStdString());
     mBeep();
     return false;
+}
+
+void HelpPanel::showManual() {
+    auto* text = dynamic_cast<HelpText*>(mWindow->findChild<QTextBrowser*>());
+    if (!text) return;
+    const HelpPages pages(mResources.path() + QStringLiteral("/help"), QLocale());
+    auto* navigation = new HelpNavigation(*mWindow, *text, pages, mBeep);
+    text->setCaretShown(QAccessible::isActive());
+    text->setFocus();
+    if (pages.isThere()) return navigation->showContents();
+    mLog.detail("The pages of the manual are missing: " + pages.folder().toStdString());
+    text->setPlainText(tr("The pages of the manual are missing. They belong into this folder:") +
+                       u'\n' + pages.folder());
 }
 
 } // namespace veltrano

@@ -5,15 +5,19 @@
 #include "platform/desktop/ResourceFolder.h"
 #include "platform/foundation/Log.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 #include <functional>
 #include <memory>
 
 namespace veltrano {
 
-/// Loads the interface file "Help" when help is first asked for. Thread: main. Owns: the window.
-/// Errors: without the interface file each call logs one line and beeps.
+/// Loads the interface file "Help" when help is first asked for, and shows the manual in it, in
+/// German or English as the user's locale has it. Thread: main. Owns: the window. Errors: without
+/// the interface file each call logs one line and beeps; without the manual its window says so.
 class HelpPanel {
+    Q_DECLARE_TR_FUNCTIONS(veltrano::HelpPanel)
+
 public:
     /// @param log must outlive the panel  @param beep the desktop's when empty
     HelpPanel(ResourceFolder resources, Log& log, std::function<void()> beep = {});
@@ -25,6 +29,7 @@ public:
 
 private:
     bool load();
+    void showManual();
 
     const ResourceFolder mResources;
     Log& mLog;

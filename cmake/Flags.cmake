@@ -27,3 +27,12 @@ if(sanitize)
     add_link_options(${sanitize})
     add_compile_definitions(VELTRANO_SANITIZED)
 endif()
+
+# What a distribution asks of programs that read files of others, for the libraries of the product.
+add_library(veltrano_hardening INTERFACE)
+if(NOT sanitize)
+    target_compile_options(veltrano_hardening INTERFACE
+        -fstack-protector-strong -Wformat -Werror=format-security
+        $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>) # needs an optimising build
+    target_link_options(veltrano_hardening INTERFACE LINKER:-z,relro,-z,now)
+endif()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The manual's list of keys names every key of the menus, and every bare key of the tuner window.
+// The manual names every key of the menus, every bare key of the tuner window and every option.
 #include "app/ApplicationMenu.h"
+#include "app/LaunchOptions.h"
 #include "engine/KeyDownTable.h"
 
 #include <QAction>
@@ -8,6 +9,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -77,6 +79,52 @@ TEST(ManualKeys, EveryKeyIsListedInBothLanguages) {
         EXPECT_TRUE(english.contains(key)) << key.toStdString();
         EXPECT_TRUE(german.contains(inGerman(key))) << inGerman(key).toStdString();
     }
+}
+
+/// veltrano(1) with its hyphens as they are printed.
+QString manualPage() {
+    QFile file(QStringLiteral(VELTRANO_SOURCE_RESOURCES "/../packaging/man/veltrano.1"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return QString::fromUtf8(file.readAll()).replace(QLatin1String("\\-"), QLatin1String("-"));
+}
+
+QSet<QString> optionsIn(const QString& text) {
+    static const QRegularExpression option(QStringLiteral("(?<![a-z])--[a-z][a-z-]*"));
+    QSet<QString> options;
+    for (auto found = option.globalMatch(text); found.hasNext();)
+        options.insert(found.next().captured());
+    return options;
+}
+
+/// The words in bold at the head of an entry.
+QStringList boldWords(const QString& page) {
+    static const QRegularExpression between(QStringLiteral("\"[^\"]*\""));
+    QStringList words;
+    for (QString line : page.split(u'\n')) {
+        if (line.startsWith(QLatin1String(".B"))) words += line.replace(between, " ").split(u' ');
+    }
+    return words;
+}
+
+TEST(ManualPage, NamesEveryKey) {
+    const QStringList named = boldWords(manualPage());
+    for (const QString& key : keysOfMenus() + bareKeys())
+        EXPECT_TRUE(named.contains(key)) << key.toStdString();
+}
+
+TEST(ManualPage, NamesExactlyTheOptionsThatTheProgramHas) {
+    const Launch launch = readLaunch({QStringLiteral("veltrano"), QStringLiteral("--help")});
+    const QString page = manualPage();
+    const auto from = page.indexOf(QLatin1String(".SH OPTIONS"));
+    const QString options = page.mid(from, page.indexOf(QLatin1String("\n.SH "), from + 1) - from);
+    EXPECT_EQ(optionsIn(options), optionsIn(QString::fromStdString(launch.output)));
+    const QString html = [] {
+        QFile file(QStringLiteral(VELTRANO_SOURCE_RESOURCES "/help/en/command-line.html"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        return text.left(text.indexOf(QLatin1String("<a name=\"cli\">")));
+    }();
+    EXPECT_EQ(optionsIn(html), optionsIn(QString::fromStdString(launch.output)));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // Windows and panels out of interface files.
 #include "platform/desktop/InterfaceFile.h"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QFile>
 #include <QScrollBar>
@@ -52,6 +53,20 @@ private:
     inline static QtMessageHandler sPrevious = nullptr;
 };
 
+/// A window that is a plain widget says that it is a window, as long as it is one.
+class PlainWidgetInterface final : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+    QAccessible::Role role() const override {
+        return widget()->isWindow() ? QAccessible::Window : QAccessibleWidget::role();
+    }
+};
+
+QAccessibleInterface* makePlainWidgetInterface(const QString&, QObject* object) {
+    if (object->metaObject() != &QWidget::staticMetaObject) return nullptr;
+    return new PlainWidgetInterface(static_cast<QWidget*>(object));
+}
+
 class Loader final : public QUiLoader {
 public:
     explicit Loader(const WidgetMakers& makers) : mMakers(makers) {}
@@ -85,6 +100,7 @@ std::unique_ptr<QWidget> loadInterfaceFile(const QString& path, const WidgetMake
         *error = path + QStringLiteral(": ") + file.errorString();
         return nullptr;
     }
+    QAccessible::installFactory(makePlainWidgetInterface); // once or more
     const auto loader = [&makers] {
         const WithoutLibraryPaths scope;
         return std::make_unique<Loader>(makers);

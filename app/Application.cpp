@@ -2,13 +2,15 @@
 // Puts the program together and owns its parts.
 #include "app/Application.h"
 
-#include "app/WindowsInSight.h"
+#include "app/Diagnostics.h"
+#include "app/SessionEnd.h"
 #include "platform/desktop/QtDocumentPanels.h"
 #include "platform/desktop/UnattendedPanels.h"
-#include "platform/desktop/WindowPlacement.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <algorithm>
 #include <cstdio>
 
@@ -18,6 +20,7 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kRefused = 1; ///< the input or the installation was refused
+constexpr std::string_view kReduceMotion = "veltrano.ReduceMotion";
 /// A moment that was printed with a frame is that frame's, whatever the rounding on its way.
 constexpr double kSameMoment = 1e-6; ///< [s]
 
@@ -61,7 +64,7 @@ Application::Application(const LaunchOptions& options)
           {mDefaults, mNotifications, mLibraries.temperaments.get(), mLibraries.stretches.get()}),
       mImages(mResources.images(), mLog), mDocuments({mResources, mDefaults, mNotifications,
                                                       mPreferences, mLibraries, *mPanels, mLog}) {
-    mDocuments.setApplication(this);
+    mDocuments.setApplication(&mCommands);
     std::vector<CombinedHardware::Part> parts;
     if (!mOptions.snapshotDir) {
         mPulse = std::make_unique<PulseHardware>(mLog, PulseHardware::Options{});
@@ -84,22 +87,64 @@ int Application::run(const std::function<void()>& willListen) {
     }
     mRegistry = std::make_unique<AUUnitRegistry>(
         *mHardware, [this](auto function) { mMainThread.post(std::move(function)); }, mLog);
-    mWindow = TunerWindow::create(mResources, mImages, mLog);
-    if (!mWindow) return kRefused; // the log has said why
+    mWindows =
+        WindowDesk::create({mResources, mImages, mDefaults,
+                            PartialView::Ports{mPreferences, mNotifications, speech()}, mLog});
+    if (!mWindows) return kRefused; // the log has said why
     furnishWindows();
     makeController();
     mController->awakeFromNib();
+    makePreferencesPanel();
     return mOptions.snapshotDir ? writeSnapshot() : runWindow(willListen);
 }
 
 void Application::furnishWindows() {
-    mDocuments.furnish(*mWindow, mWindow.get());
-    mAnalysis = std::make_unique<AnalysisWindows>(
-        mResources, PartialView::Ports{mPreferences, mNotifications, speech()}, mLog);
-    mAnalysis->forEach([this](AnalysisWindow& window) {
+    if (!mOptions.snapshotDir) {
+        mInSight =
+            std::make_unique<WindowsInSight>([this](bool isAny) { followVisibility(isAny); });
+        mDocuments.setDidFurnish([this](QWidget& window) { mInSight->add(window); });
+    }
+    TunerWindow& tuner = mWindows->tuner();
+    mDocuments.furnish(tuner, &tuner);
+    mWindows->analysis().forEach([this](AnalysisWindow& window) {
         mDocuments.furnish(window, &window).keepShortcutsOnly();
     });
-    mWindow->setNeighbours(mAnalysis->neighbours());
+    mWindows->setDidMakeWindow([this](QWidget& window) { furnishPanel(window); });
+    tuner.setReducesMotion(mDefaults.boolForKey(kReduceMotion));
+}
+
+void Application::furnishPanel(QWidget& window) {
+    mPanelCommands.push_back(std::make_unique<PanelCommands>(window));
+    mDocuments.furnish(window, mPanelCommands.back().get());
+}
+
+ApplicationCommands::Operations Application::operations() {
+    return {
+        .help = [this] { mWindows->showHelp(); },
+        .shortcuts = [this] { mWindows->showShortcuts(); },
+        .copyDiagnostics =
+            [this] { QApplication::clipboard()->setText(diagnostics(*mController, mLibraries)); },
+        .about = [this] { showAbout(); },
+        .preferences = [this] { mWindows->showPreferences(); },
+        .soundSettings = [this] { mSoundSettings.open(); },
+        .quit = [this] { quitLater(); },
+        .reducesMotion = [this] { return mDefaults.boolForKey(kReduceMotion); },
+        .setReducesMotion = [this](bool reduces) { setReducesMotion(reduces); }};
+}
+
+void Application::setReducesMotion(bool reduces) {
+    mDefaults.setBool(kReduceMotion, reduces);
+    mWindows->tuner().setReducesMotion(reduces);
+}
+
+void Application::showAbout() {
+    QMessageBox::about(
+        QApplication::activeWindow(), QApplication::translate("veltrano::Application", "About"),
+        QApplication::translate("veltrano::Application",
+                                "<h3>Veltrano %1</h3><p>Tunes pianos by ear of the microphone.</p>"
+                                "<p>Free software under the GNU General Public License, version 3 "
+                                "or later. It comes without any warranty.</p>")
+            .arg(QCoreApplication::applicationVersion()));
 }
 
 /// Nobody listens while pictures are made.
@@ -118,23 +163,38 @@ std::unique_ptr<RecordingDevice> Application::openRecording(const std::string& p
 }
 
 void Application::makeController() {
-    ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, *mWindow};
-    ports.windows = this;
+    TunerWindow& tuner = mWindows->tuner();
+    ControllerPorts ports{*mRegistry, mPreferences, mNotifications, clock(), mLog, tuner};
+    ports.windows = mWindows.get();
     ports.speech = speech();
     ports.outputUnits = mOutputUnits.get();
     if (mRecording) {
-        mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, *mWindow);
+        mFrameWatch = std::make_unique<FrameWatch>(mRecordingClock, tuner);
         ports.frames = mFrameWatch.get();
         ports.inputDeviceForThisRun = nameOfRecording();
     }
     mController = std::make_unique<Controller>(ports);
-    const ApplicationWindows& windows = *this;
-    mWindow->setCommandSender([this](MenuCommand command) {
+    mTunerCommands = std::make_unique<TunerCommands>(*mController, mPreferences, *mWindows);
+    mCommands.setTuner(mTunerCommands.get());
+    tuner.setCommandSender([this](MenuCommand command) {
         if (!mTunerCommands->commandState(command)) return false;
         mTunerCommands->perform(command);
         return true;
     });
-    mTunerCommands = std::make_unique<TunerCommands>(*mController, mPreferences, windows);
+}
+
+void Application::makePreferencesPanel() {
+    PreferencesPanel::Ports ports{.preferences = mPreferences,
+                                  .temperaments = mLibraries.temperaments.get(),
+                                  .stretches = mLibraries.stretches.get(),
+                                  .inputUnit = &mController->inputUnit(),
+                                  .outputUnit = mController->outputUnit(),
+                                  .resources = mResources,
+                                  .log = mLog};
+    ports.openSoundSettings = [this] { mSoundSettings.open(); };
+    ports.didLoad = [this](QWidget& window) { mWindows->didLoadPreferences(window); };
+    mPreferencesPanel = std::make_unique<PreferencesPanel>(std::move(ports));
+    mWindows->setPreferencesPanel(mPreferencesPanel.get());
 }
 
 const Clock& Application::clock() const {
@@ -149,15 +209,16 @@ std::string Application::nameOfRecording() const {
 }
 
 int Application::runWindow(const std::function<void()>& willListen) {
+    mWindows->restoreGeometry();
     mController->applicationDidFinishLaunching();
-    WindowsInSight inSight([this](bool isAny) { followVisibility(isAny); });
-    inSight.add(*mWindow);
-    mAnalysis->forEach([&inSight](AnalysisWindow& window) { inSight.add(window); });
+    mIdleInhibitor = std::make_unique<IdleInhibitor>();
+    mIdleInhibitor->setInhibits(true);
     if (mRecording) {
         mFrameWatch->writeReadings(writeToStandardOutput);
         mRecording->startRealTime();
     }
-    mWindow->setCloseRequest([this] { quitLater(); });
+    mWindows->tuner().setCloseRequest([this] { quitLater(); });
+    const SessionEnd sessionEnd([this] { endWithSession(); });
     // Opened from the event loop: what refuses a file asks, and a signal must end the question.
     mMainThread.post([this] { mDocuments.openFiles(mOptions.files); });
     willListen();
@@ -166,13 +227,32 @@ int Application::runWindow(const std::function<void()>& willListen) {
         mRecording->stopRealTime();
         mFrameWatch->finish();
     }
-    mController->applicationWillTerminate();
+    terminate();
     return exitCode;
+}
+
+/// The windows are still as the user left them.
+void Application::terminate() {
+    if (std::exchange(mIsTerminated, true)) return;
+    mWindows->keepGeometry();
+    mController->applicationWillTerminate();
+}
+
+/// The settings are written before the session takes the windows away.
+void Application::endWithSession() {
+    terminate();
+    QCoreApplication::exit(kDone);
+}
+
+void Application::openFiles(const std::vector<std::string>& files) {
+    if (!mWindows || mIsTerminated) return;
+    if (files.empty()) mWindows->showTunerWindow();
+    mDocuments.openFiles(files);
 }
 
 int Application::writeSnapshot() {
     mDocuments.openFiles(mOptions.files);
-    WindowPictures pictures = picturesOfOpenWindows();
+    WindowPictures pictures = mWindows->picturesOfOpenWindows(mPreferences);
     mFrameWatch->onFrame([this, &pictures](double seconds) {
         if (seconds <= mOptions.snapshotSeconds + kSameMoment) pictures.take();
     });
@@ -192,78 +272,13 @@ int Application::writeSnapshot() {
     return failure.isEmpty() ? kDone : refused(failure.toStdString());
 }
 
-WindowPictures Application::picturesOfOpenWindows() {
-    WindowPictures pictures;
-    pictures.add(QStringLiteral("tuner"), *mWindow);
-    const auto addIfOpen = [&](bool isOpen, const char* name, AnalysisWindowKind kind) {
-        AnalysisWindow* const window = mAnalysis->window(kind);
-        if (isOpen && window) pictures.add(QLatin1String(name), *window);
-    };
-    addIfOpen(mPreferences.partials(), "partials", AnalysisWindowKind::partials);
-    addIfOpen(mPreferences.hilbertScope(), "hilbert", AnalysisWindowKind::hilbert);
-    addIfOpen(mPreferences.pianoKeyboard(), "piano", AnalysisWindowKind::piano);
-    return pictures;
-}
-
 void Application::followVisibility(bool isAnyInSight) {
+    if (!mController || !mIdleInhibitor || mIsTerminated) return; // starting or ending
+    mIdleInhibitor->setInhibits(isAnyInSight);
     if (isAnyInSight) {
         mController->applicationDidUnhide();
     } else {
         mController->applicationDidHide();
-    }
-}
-
-bool Application::isVisible(AnalysisWindowKind window) const {
-    return mAnalysis->isVisible(window);
-}
-
-void Application::orderFront(AnalysisWindowKind window) { mAnalysis->orderFront(window); }
-
-void Application::makeKeyAndOrderFront(AnalysisWindowKind window) {
-    mAnalysis->makeKeyAndOrderFront(window);
-}
-
-void Application::orderOut(AnalysisWindowKind window) { mAnalysis->orderOut(window); }
-
-void Application::centerWindows() {
-    centreOnScreen(*mWindow);
-    mAnalysis->forEach([](AnalysisWindow& window) { centreOnScreen(window); });
-}
-
-void Application::showTunerWindow() {
-    mWindow->setWindowState(mWindow->windowState() & ~Qt::WindowMinimized);
-    mWindow->show();
-    mWindow->raise();
-    mWindow->activateWindow();
-}
-
-void Application::showHelp() {
-    if (!mHelp) mHelp = std::make_unique<HelpPanel>(mResources, mLog);
-    mHelp->showHelpPanel();
-}
-
-std::optional<CommandState> Application::commandState(MenuCommand command) const {
-    switch (command) {
-    case MenuCommand::help:
-    case MenuCommand::quit:
-    case MenuCommand::closeWindow:
-        return CommandState{}; // the tuner window's: it quits
-    default:
-        return mTunerCommands->commandState(command);
-    }
-}
-
-void Application::perform(MenuCommand command) {
-    switch (command) {
-    case MenuCommand::help:
-        showHelp();
-        break;
-    case MenuCommand::quit:
-    case MenuCommand::closeWindow:
-        quitLater();
-        break;
-    default:
-        mTunerCommands->perform(command);
     }
 }
 

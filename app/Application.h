@@ -2,17 +2,16 @@
 // Puts the program together and owns its parts.
 #pragma once
 
-#include "app/AnalysisWindows.h"
+#include "app/ApplicationCommands.h"
 #include "app/DocumentDesk.h"
 #include "app/FrameWatch.h"
 #include "app/LaunchOptions.h"
 #include "app/LibrariesInUse.h"
 #include "app/RecordingClock.h"
 #include "app/TunerCommands.h"
-#include "app/TunerWindow.h"
-#include "app/WindowPictures.h"
+#include "app/WindowDesk.h"
+#include "app/WindowsInSight.h"
 #include "audio/AUUnitRegistry.h"
-#include "displays/HelpPanel.h"
 #include "engine/Controller.h"
 #include "platform/audio/CombinedHardware.h"
 #include "platform/audio/HardwareOutputUnit.h"
@@ -21,8 +20,10 @@
 #include "platform/audio/RecordingDevice.h"
 #include "platform/audio/VirtualHardware.h"
 #include "platform/desktop/DocumentPorts.h"
+#include "platform/desktop/IdleInhibitor.h"
 #include "platform/desktop/ImageLibrary.h"
 #include "platform/desktop/ResourceFolder.h"
+#include "platform/desktop/SoundSettings.h"
 #include "platform/desktop/SpeechEngine.h"
 #include "platform/foundation/MainThread.h"
 #include "platform/foundation/NotificationCenter.h"
@@ -30,15 +31,18 @@
 #include "platform/foundation/SteadyClock.h"
 #include "platform/foundation/UserDefaults.h"
 #include "settings/Preferences.h"
+#include "settings/PreferencesPanel.h"
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace veltrano {
 
 /// The composition root: the parts stand in the order of their use, destruction runs backwards.
 /// Thread: main, with a QApplication.
-class Application final : private ApplicationWindows, private CommandHandler {
+class Application final {
 public:
     explicit Application(const LaunchOptions& options);
     ~Application();
@@ -48,33 +52,31 @@ public:
     /// @return the exit code; a failure has been told on standard error
     int run(const std::function<void()>& willListen = [] {});
 
+    /// Another process was started with these; without any the tuner window comes to the front.
+    void openFiles(const std::vector<std::string>& files);
+
 private:
     std::unique_ptr<RecordingDevice> openRecording(const std::string& path, std::string& error);
     void makeController();
+    void makePreferencesPanel();
     const Clock& clock() const;
     std::string nameOfRecording() const; ///< of its device entry
     int runWindow(const std::function<void()>& willListen);
     int writeSnapshot();
-    WindowPictures picturesOfOpenWindows();
     static UserDefaults defaultsFor(const LaunchOptions& options);
     std::unique_ptr<DocumentPanels> panelsFor(const LaunchOptions& options);
     LibrariesInUse librariesFor(const LaunchOptions& options);
-    void quitLater();
-
-    void followVisibility(bool isAnyInSight);
+    ApplicationCommands::Operations operations();
+    SpeechPort* speech();
 
     void furnishWindows();
-    SpeechPort* speech();
-    bool isVisible(AnalysisWindowKind window) const override;
-    void orderFront(AnalysisWindowKind window) override;
-    void makeKeyAndOrderFront(AnalysisWindowKind window) override;
-    void orderOut(AnalysisWindowKind window) override;
-    void centerWindows() override;
-    void showTunerWindow() override;
-    void showHelp() override;
-
-    std::optional<CommandState> commandState(MenuCommand command) const override;
-    void perform(MenuCommand command) override;
+    void furnishPanel(QWidget& window);
+    void followVisibility(bool isAnyInSight);
+    void setReducesMotion(bool reduces);
+    void showAbout();
+    void quitLater();
+    void endWithSession();
+    void terminate();
 
     const LaunchOptions mOptions;
     StandardErrorLog mLog;
@@ -95,13 +97,18 @@ private:
     Preferences mPreferences;
     std::unique_ptr<AUUnitRegistry> mRegistry;
     ImageLibrary mImages;
-    std::unique_ptr<TunerWindow> mWindow;
-    std::unique_ptr<AnalysisWindows> mAnalysis;
+    ApplicationCommands mCommands{operations()};
+    std::vector<std::unique_ptr<PanelCommands>> mPanelCommands;
+    std::unique_ptr<WindowsInSight> mInSight; ///< null for pictures
+    std::unique_ptr<WindowDesk> mWindows;
     DocumentDesk mDocuments;
-    std::unique_ptr<HelpPanel> mHelp;
-    std::unique_ptr<FrameWatch> mFrameWatch; ///< null without --input
+    SoundSettings mSoundSettings{*mPanels};
+    std::unique_ptr<IdleInhibitor> mIdleInhibitor; ///< null for pictures
+    std::unique_ptr<FrameWatch> mFrameWatch;       ///< null without --input
     std::unique_ptr<Controller> mController;
     std::unique_ptr<TunerCommands> mTunerCommands;
+    std::unique_ptr<PreferencesPanel> mPreferencesPanel;
+    bool mIsTerminated = false;
 };
 
 } // namespace veltrano

@@ -6,12 +6,14 @@
 
 #include <QMenu>
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <string>
 #include <vector>
 
 class QAction;
-class QMainWindow;
+class QMenuBar;
+class QWidget;
 
 namespace veltrano {
 
@@ -24,14 +26,26 @@ struct RecentFiles {
     std::function<void()> clear;
 };
 
+/// The open documents as the menu needs them; an empty function is never called.
+struct DocumentList {
+    struct Entry {
+        QString title;
+        bool isActive = false; ///< its window has the focus
+        std::function<void()> show;
+    };
+    std::function<std::vector<Entry>()> documents;
+};
+
 /// Fills the menu bar of a window. Every command goes along the window's chain when it is chosen;
 /// what nobody answers, or is not enabled just now, beeps. Items are shown as enabled, checked and
 /// titled as their handler says when their menu opens. Thread: main. Owned by the window.
 class ApplicationMenu final : public QObject {
     Q_OBJECT
 public:
+    /// A window that is no QMainWindow keeps the keys only.
     /// @param chain its handlers live as long as the window
-    ApplicationMenu(QMainWindow& window, CommandChain chain, RecentFiles recent);
+    ApplicationMenu(QWidget& window, CommandChain chain, RecentFiles recent,
+                    DocumentList documents = {});
 
     /// Hides the bar; the keys go on working.
     void keepShortcutsOnly();
@@ -40,16 +54,21 @@ public:
     QAction* action(MenuCommand command) const;
 
 private:
-    void addMenus(QMainWindow& window);
+    void addMenus();
     void addItem(QMenu& menu, const MenuItem& item);
     void fillRecent();
-    void validate(const QMenu& menu);
+    void fillDocuments(QMenu& menu);
+    void validate(QMenu& menu);
     void release(const QMenu& menu);
     void perform(MenuCommand command);
 
     const CommandChain mChain;
     const RecentFiles mRecent;
-    QMenu* mRecentMenu = nullptr; ///< child of the menu bar
+    const DocumentList mDocuments;
+    QWidget& mWindow;               ///< parent
+    QMenuBar& mBar;                 ///< child of the window
+    QMenu* mRecentMenu = nullptr;   ///< child of the menu bar
+    QMenu* mDocumentMenu = nullptr; ///< likewise
 };
 
 } // namespace veltrano

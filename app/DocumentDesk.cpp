@@ -99,7 +99,7 @@ void DocumentDesk::closeLater(Document& document) {
     });
 }
 
-ApplicationMenu& DocumentDesk::furnish(QMainWindow& window, CommandHandler* own) {
+ApplicationMenu& DocumentDesk::furnish(QWidget& window, CommandHandler* own) {
     CommandChain chain{&mFocusedText};
     if (own) chain.push_back(own);
     chain.push_back(this);
@@ -107,11 +107,24 @@ ApplicationMenu& DocumentDesk::furnish(QMainWindow& window, CommandHandler* own)
     auto* menu = new ApplicationMenu(window, std::move(chain),
                                      {[this] { return mDocuments.recentPaths(); },
                                       [this](const std::string& path) { openFiles({path}); },
-                                      [this] { mDocuments.clearRecentPaths(); }});
+                                      [this] { mDocuments.clearRecentPaths(); }},
+                                     {[this] { return documentList(); }});
     new FileDrop(
         window, [this](const std::string& path) { return mDocuments.kindOfPath(path) != nullptr; },
         [this](const std::vector<std::string>& paths) { openFiles(paths); });
+    if (mDidFurnish) mDidFurnish(window);
     return *menu;
+}
+
+std::vector<DocumentList::Entry> DocumentDesk::documentList() const {
+    std::vector<DocumentList::Entry> entries;
+    for (EditorWindow* window : windows()) {
+        QString title = window->windowTitle();
+        title.replace(QStringLiteral("[*]"),
+                      window->isWindowModified() ? QStringLiteral("*") : QString());
+        entries.push_back({title, window->isActiveWindow(), [window] { window->showWindow(); }});
+    }
+    return entries;
 }
 
 void DocumentDesk::openFiles(const std::vector<std::string>& paths) {

@@ -12,6 +12,7 @@
 #include "platform/foundation/RememberingLog.h"
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,10 +42,15 @@ public:
 
     /// What answers a command of a document window after the window and the desk themselves.
     void setApplication(CommandHandler* application) { mApplication = application; }
-    /// Gives a window its menu bar and lets files be dropped on it.
+    /// Called with every window that is furnished.
+    void setDidFurnish(std::function<void(QWidget&)> didFurnish) {
+        mDidFurnish = std::move(didFurnish);
+    }
+    /// Gives a window its menu bar, or the keys alone when it can have none, and lets files be
+    /// dropped on it.
     /// @param own answers first; null: the window has no commands of its own
     /// @return its menu
-    ApplicationMenu& furnish(QMainWindow& window, CommandHandler* own);
+    ApplicationMenu& furnish(QWidget& window, CommandHandler* own);
 
     void openFiles(const std::vector<std::string>& paths);
     /// Asks for every edited document. False: the user refused, or a save failed.
@@ -62,12 +68,15 @@ private:
     std::unique_ptr<DocumentWindow> windowOf(Document& document, EditorContents contents);
     void closeLater(Document& document);
 
+    std::vector<DocumentList::Entry> documentList() const;
+
     DocumentServices services() { return {mLog, mPasteboard, mPorts.panels}; }
 
     const Ports mPorts;
     RememberingLog mLog{mPorts.log};
     QtPasteboard mPasteboard;
     CommandHandler* mApplication = nullptr;
+    std::function<void(QWidget&)> mDidFurnish; ///< empty: nobody is told
     FocusedTextHandler mFocusedText;
     DocumentController mDocuments;
 };

@@ -84,6 +84,10 @@ void KeyDownWindow::keyPressEvent(QKeyEvent* event) {
         const std::optional<KeyAction> action = actionOf(event->key());
         if (action && send(commandOf(*action))) return;
     }
+    if (event->key() == Qt::Key_F6 && (event->modifiers() & ~Qt::ShiftModifier) == 0) {
+        QMainWindow::focusNextPrevChild(event->modifiers() == Qt::NoModifier);
+        return;
+    }
     QMainWindow::keyPressEvent(event);
 }
 

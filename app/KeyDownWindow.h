@@ -15,7 +15,8 @@ namespace veltrano {
 ///
 /// A key without a modifier that the table knows is sent as a command; what nobody answers, and any
 /// other key, goes the usual way. Whether the key comes from the keypad, and Caps Lock, do not
-/// matter. Tab is taken only while no text field has the focus.
+/// matter. Tab is taken only while no text field has the focus; Shift+Tab
+/// and F6 move the focus, backwards and forwards.
 class KeyDownWindow : public QMainWindow, public CommandHandler {
     Q_OBJECT
 public:

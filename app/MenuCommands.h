@@ -29,14 +29,16 @@ enum class MenuCommand {
     copy,
     paste,
     deleteAll,
-    selectAll, // Edit
+    selectAll,
+    preferences, // Edit
     autoManualToggle,
     noteUp,
     noteDown,
     octaveUp,
     octaveDown,
     soundBackToggle,
-    playSoundBack, // Tuner
+    playSoundBack,
+    soundSettings, // Tuner
     showTunerWindow,
     showPartials,
     showHilbertScope,
@@ -45,12 +47,18 @@ enum class MenuCommand {
     hilbertLine,
     hilbertDots,
     hilbertDecay,
-    hilbertGrid, // View
+    hilbertGrid,
+    reduceMotion,
+    fullScreen, // View
     speakStatus,
     speakDetails,
     speakTune,
     speakHertz, // Speech
-    help
+    minimise,   // Window
+    help,
+    shortcuts,
+    copyDiagnostics,
+    about // Help
 };
 
 /// What a menu shows of a command.

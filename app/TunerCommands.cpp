@@ -61,9 +61,7 @@ Operation operationOf(MenuCommand command) {
     }
 }
 
-QString title(const char* text) {
-    return QCoreApplication::translate("veltrano::ApplicationMenu", text);
-}
+QString title(const char* text) { return QCoreApplication::translate("Menu", text); }
 
 } // namespace
 
@@ -72,14 +70,12 @@ std::optional<CommandState> TunerCommands::commandState(MenuCommand command) con
     const Preferences& prefs = mPreferences;
     switch (command) {
     case MenuCommand::showPartials:
-        return CommandState{
-            .title = mWindows.isVisible(AnalysisWindowKind::partials)
-                         ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu", "Hide &Partials"))
-                         : QString()};
+        return CommandState{.title = mWindows.isVisible(AnalysisWindowKind::partials)
+                                         ? title(QT_TRANSLATE_NOOP("Menu", "Hide &Partials"))
+                                         : QString()};
     case MenuCommand::showHilbertScope:
         return CommandState{.title = mWindows.isVisible(AnalysisWindowKind::hilbert)
-                                         ? title(QT_TRANSLATE_NOOP("veltrano::ApplicationMenu",
-                                                                   "Hide &Hilbert Scope"))
+                                         ? title(QT_TRANSLATE_NOOP("Menu", "Hide &Hilbert Scope"))
                                          : QString()};
     case MenuCommand::noteUp:
     case MenuCommand::noteDown:

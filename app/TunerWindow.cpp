@@ -129,15 +129,27 @@ void TunerWindow::setMeterEnabled(bool enabled) { mOutlets.meter->setEnabled(ena
 
 void TunerWindow::setStrobeSampleRate(float hz) { mOutlets.strobe->setSampleRate(hz); }
 void TunerWindow::setStrobeFrequency(float hz) { mOutlets.strobe->setFrequency(hz); }
-void TunerWindow::setStrobePeak(float amplitude) { mOutlets.strobe->setPeak(amplitude); }
-void TunerWindow::setStrobeData(FrameRef frame) { mOutlets.strobe->setData(std::move(frame)); }
+void TunerWindow::setStrobePeak(float amplitude) {
+    if (!mReducesMotion) mOutlets.strobe->setPeak(amplitude);
+}
+void TunerWindow::setStrobeData(FrameRef frame) {
+    if (!mReducesMotion) mOutlets.strobe->setData(std::move(frame));
+}
+
+void TunerWindow::setReducesMotion(bool reduces) {
+    if (reduces) { // no picture of a moment stays behind
+        setStrobePeak(0);
+        setScopePeak(0);
+    }
+    mReducesMotion = reduces;
+}
 
 void TunerWindow::setScopePeak(float amplitude) {
-    if (mNeighbours.scopePeak) mNeighbours.scopePeak(amplitude);
+    if (!mReducesMotion && mNeighbours.scopePeak) mNeighbours.scopePeak(amplitude);
 }
 
 void TunerWindow::setScopeData(FrameRef frame) {
-    if (mNeighbours.scopeData) mNeighbours.scopeData(std::move(frame));
+    if (!mReducesMotion && mNeighbours.scopeData) mNeighbours.scopeData(std::move(frame));
 }
 
 void TunerWindow::setPianoNote(int key) {

@@ -41,6 +41,8 @@ public:
     void setScale(double factor);
     /// What closing the window asks for instead; the window itself stays.
     void setCloseRequest(std::function<void()> ask) { mCloseRequest = std::move(ask); }
+    /// While motion is reduced the strobe and the scope rest; everything else goes on.
+    void setReducesMotion(bool reduces);
     void setNeighbours(Neighbours neighbours) { mNeighbours = std::move(neighbours); }
 
     ProportionalStage& stage() { return *mStage; }
@@ -75,6 +77,7 @@ private:
     const TunerOutlets mOutlets;
     std::array<ImageRef, kLightImages> mLightImages; ///< by LightImage
     Neighbours mNeighbours;
+    bool mReducesMotion = false;
     std::function<void()> mCloseRequest; ///< empty: closing just closes
 };
 

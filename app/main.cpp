@@ -2,10 +2,18 @@
 // veltrano: the application.
 #include "app/Application.h"
 #include "app/TerminationSignals.h"
+#include "app/Translations.h"
+#include "platform/desktop/ResourceFolder.h"
+#include "platform/desktop/SingleInstance.h"
+#include "platform/foundation/UserDefaults.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLocale>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -14,6 +22,15 @@ QStringList argumentsOf(int argc, char** argv) {
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     return arguments;
+}
+
+/// A run with a recording, and pictures, go beside a program that is running.
+std::unique_ptr<veltrano::SingleInstance> instanceFor(const veltrano::LaunchOptions& options) {
+    if (options.snapshotDir || options.input) return nullptr;
+    const QString settings = options.settingsFile
+                                 ? QFileInfo(*options.settingsFile).absoluteFilePath()
+                                 : veltrano::UserDefaults::usersFile();
+    return std::make_unique<veltrano::SingleInstance>(settings);
 }
 
 } // namespace
@@ -36,6 +53,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("veltrano"));
     QApplication::setApplicationDisplayName(QStringLiteral("Veltrano"));
     QApplication::setApplicationVersion(QStringLiteral(VELTRANO_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.veltrano.tuner"));
+    QApplication::setWindowIcon(QIcon::fromTheme(
+        QGuiApplication::desktopFileName(),
+        QIcon(ResourceFolder::find().path() + QStringLiteral("/icons/org.veltrano.tuner.svg"))));
+    installTranslations(QLocale());
     Appearance::choose(launch.options->appearance);
     // The application says itself when it ends: with the tuner window, after the documents.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -44,5 +66,12 @@ int main(int argc, char** argv) {
         if (!isRunning) std::_Exit(0); // a question at the start has nothing to lose
         QCoreApplication::exit(0);
     });
-    return Application(*launch.options).run([&isRunning] { isRunning = true; });
+    const auto instance = instanceFor(*launch.options);
+    if (instance && !instance->isFirst() && instance->handOver(launch.options->files)) return 0;
+    Application application(*launch.options);
+    return application.run([&] {
+        isRunning = true;
+        if (!instance) return;
+        instance->setReceiver([&application](const auto& files) { application.openFiles(files); });
+    });
 }

@@ -3,9 +3,11 @@
 
 #include "audio/ToneGenerator.h"
 #include "platform/foundation/NotificationNames.h"
+#include "settings/PreferencesDisplay.h"
 #include "tuning/PitchClass.h"
 
 #include <cmath>
+#include <functional>
 
 namespace veltrano {
 
@@ -61,12 +63,19 @@ void Preferences::replaceSharedInstance(Preferences* preferences) {
     theSharedInstance = preferences;
 }
 
+void Preferences::show(void (PreferencesDisplay::*field)()) {
+    if (mDisplay) std::invoke(field, mDisplay);
+}
+
 void Preferences::setReferencePitch(double hz) {
-    if (std::isfinite(hz) && stored(mReferencePitch, hz)) post(notification::kReferencePitch);
+    if (!std::isfinite(hz) || !stored(mReferencePitch, hz)) return;
+    show(&PreferencesDisplay::updateReferencePitch);
+    post(notification::kReferencePitch);
 }
 
 void Preferences::setTuning(int index) {
     if (!isSelectable(index, mTemperaments) || !stored(mTuning, index)) return;
+    show(&PreferencesDisplay::updateTuning);
     setCentTable();
     post(notification::kTemperamentChanged);
 }
@@ -82,6 +91,7 @@ void Preferences::setTuningForFileName(std::string_view name) {
 
 void Preferences::setTonic(int pitchClass) {
     if (pitchClass < 0 || pitchClass >= kPitchClasses || !stored(mTonic, pitchClass)) return;
+    show(&PreferencesDisplay::updateTonic);
     setCentTable();
     post(notification::kTemperamentChanged);
     post(notification::kRootKeyChanged);
@@ -106,6 +116,7 @@ void Preferences::setStretch(int index) {
         mStretchTable = *table;
     }
     mStretch = index;
+    show(&PreferencesDisplay::updateStretch);
     post(notification::kStretchChanged);
 }
 
@@ -117,26 +128,35 @@ void Preferences::setStretchForFileName(std::string_view name) {
 }
 
 void Preferences::setInTuneThreshold(int cents) {
-    if (stored(mInTuneThreshold, cents)) post(notification::kInTuneThresholdChanged);
+    if (!stored(mInTuneThreshold, cents)) return;
+    show(&PreferencesDisplay::updateInTuneThreshold);
+    post(notification::kInTuneThresholdChanged);
 }
 
 void Preferences::setManualMode(bool on) {
-    if (stored(mManualMode, on)) post(notification::kManualModeChanged);
+    if (!stored(mManualMode, on)) return;
+    show(&PreferencesDisplay::updateManualMode);
+    post(notification::kManualModeChanged);
 }
 
 void Preferences::setManualType(int type) {
-    if (stored(mManualType, type) && mManualMode) post(notification::kManualModeChanged);
+    if (!stored(mManualType, type)) return;
+    show(&PreferencesDisplay::updateManualType);
+    if (mManualMode) post(notification::kManualModeChanged);
 }
 
 void Preferences::setManualNote(int key) {
-    if (key < 0 || key >= kKeys) return;
-    if (stored(mManualNote, key) && mManualMode) post(notification::kManualModeChanged);
+    if (key < 0 || key >= kKeys || !stored(mManualNote, key)) return;
+    show(&PreferencesDisplay::updateManualNote);
+    if (mManualMode) post(notification::kManualModeChanged);
 }
 
 void Preferences::setManualPitch(double hz) {
     // A value that is not equal to itself would be news each time, and whoever hears of it may set
     // it.
-    if (std::isfinite(hz) && stored(mManualPitch, hz)) post(notification::kManualModeChanged);
+    if (!std::isfinite(hz) || !stored(mManualPitch, hz)) return;
+    show(&PreferencesDisplay::updateManualPitch);
+    post(notification::kManualModeChanged);
 }
 
 void Preferences::setSoundGen(ToneGenerator* generator) {
@@ -145,22 +165,28 @@ void Preferences::setSoundGen(ToneGenerator* generator) {
 }
 
 void Preferences::setSoundBack(bool on) {
-    if (stored(mSoundBack, on) && !on && mSoundGen) mSoundGen->setLength(0);
+    if (!stored(mSoundBack, on)) return;
+    show(&PreferencesDisplay::updateSoundBack);
+    if (!on && mSoundGen) mSoundGen->setLength(0);
 }
 
 void Preferences::setSoundBackDuration(float seconds) {
     const float rounded = static_cast<float>(std::round(double(seconds) * 10) / 10);
-    if (stored(mSoundBackDuration, rounded) && mSoundGen) mSoundGen->setLength(rounded);
+    if (!stored(mSoundBackDuration, rounded)) return;
+    show(&PreferencesDisplay::updateSoundBackDuration);
+    if (mSoundGen) mSoundGen->setLength(rounded);
 }
 
 void Preferences::setSoundBackVolume(int percent) {
-    if (stored(mSoundBackVolume, percent) && mSoundGen) {
-        mSoundGen->setVolume(static_cast<float>(percent / 100.0));
-    }
+    if (!stored(mSoundBackVolume, percent)) return;
+    show(&PreferencesDisplay::updateSoundBackVolume);
+    if (mSoundGen) mSoundGen->setVolume(static_cast<float>(percent / 100.0));
 }
 
 void Preferences::setSoundBackWaveform(int index) {
-    if (stored(mSoundBackWaveform, index) && mSoundGen) mSoundGen->setWaveform(index);
+    if (!stored(mSoundBackWaveform, index)) return;
+    show(&PreferencesDisplay::updateSoundBackWaveform);
+    if (mSoundGen) mSoundGen->setWaveform(index);
 }
 
 std::string Preferences::tuningNameString() const {
@@ -204,10 +230,19 @@ void Preferences::temperamentEdited(const std::any& object) {
     if (!isFileOf(**document, mTemperaments->pathForFileName(mTuningFileName))) return;
     mCentTable = (*document)->temperamentCents();
     mTemperaments->normalizeCents(mCentTable, mTonic);
+    show(&PreferencesDisplay::updateTonicMenu);
     post(notification::kTemperamentChanged);
 }
 
 void Preferences::temperamentSaved() {
+    reloadTemperament();
+    show(&PreferencesDisplay::updateTuningPopUpMenu);
+    show(&PreferencesDisplay::updateTuning);
+    show(&PreferencesDisplay::updateTonicMenu);
+    show(&PreferencesDisplay::enableTonic);
+}
+
+void Preferences::reloadTemperament() {
     if (mTuning == 0) return;
     if (const auto position = mTemperaments->indexOfTemperamentWithFileName(mTuningFileName)) {
         mTuning = 0; // so that the same position is loaded again
@@ -228,6 +263,12 @@ void Preferences::stretchEdited(const std::any& object) {
 }
 
 void Preferences::stretchSaved() {
+    reloadStretch();
+    show(&PreferencesDisplay::updateStretchPopUpMenu);
+    show(&PreferencesDisplay::updateStretch);
+}
+
+void Preferences::reloadStretch() {
     if (mStretch == 0) return;
     if (const auto position = mStretches->indexOfStretchWithFileName(mStretchFileName)) {
         mStretch = 0; // so that the same position is loaded again

@@ -18,6 +18,7 @@ namespace veltrano {
 
 class InputDeviceListener;
 class NamedDeviceUnit;
+class PreferencesDisplay;
 class ToneGenerator;
 class UserDefaults;
 
@@ -36,9 +37,10 @@ struct PreferencesPorts {
 ///
 /// Thread: main. Owns: its values and the two tables in use.
 ///
-/// A setter with an effect does nothing when the value is unchanged; otherwise it stores, has its
-/// effect, then posts. Notifications carry no object. The edited-notifications that are observed
-/// carry a `const EditedTemperament*` or `const EditedStretch*`.
+/// A setter with an effect does nothing when the value is unchanged; otherwise it stores, shows the
+/// value in the panel, has its effect, then posts. Notifications carry no object. The
+/// edited-notifications that are observed carry a `const EditedTemperament*` or `const
+/// EditedStretch*`.
 ///
 /// A temperament or stretch is chosen by index: 0 none (equal temperament, no stretch), 1 the
 /// menu's separator, which is never selected, n >= 2 the library's entry n - 2. What is stored is
@@ -62,6 +64,8 @@ public:
     /// Also tells the generator duration, volume and waveform once.
     void setSoundGen(ToneGenerator* generator);
     InputDeviceListener* controller() const { return mController; }
+    /// Where changes are shown; null while no panel was loaded.
+    void setDisplay(PreferencesDisplay* display) { mDisplay = display; }
 
     bool firstLaunch() const { return mFirstLaunch; } ///< nothing had been saved yet
 
@@ -167,8 +171,11 @@ private:
     void observeLibraries();
     void temperamentEdited(const std::any& document);
     void temperamentSaved();
+    void reloadTemperament();
     void stretchEdited(const std::any& document);
     void stretchSaved();
+    void reloadStretch();
+    void show(void (PreferencesDisplay::*field)());
     void post(std::string_view name) { mNotifications.post(name); }
 
     UserDefaults& mDefaults;
@@ -179,6 +186,7 @@ private:
     const NamedDeviceUnit* mAUInputUnit = nullptr;
     const NamedDeviceUnit* mAUOutputUnit = nullptr;
     ToneGenerator* mSoundGen;
+    PreferencesDisplay* mDisplay = nullptr;
 
     bool mFirstLaunch = false;
     double mReferencePitch = 440.0;

@@ -110,7 +110,7 @@ public:
         const Entry* entry = objectForFileName(fileName);
         return entry ? entry->path : "";
     }
-    void updatePopUpButton(PopUpMenu& menu) const {
+    void updatePopUpButton(PopUpMenu& menu) const override {
         std::vector<LibraryMenuItem> items;
         for (const Entry& entry : list()) {
             std::string title = entry.name.value_or("");
@@ -142,6 +142,7 @@ protected:
         return static_cast<int>(found - list().begin());
     }
     std::string fileNameAtIndex(int index) const {
+        if (index < 0 || index >= std::ssize(list())) return {};
         return folder_library::fileName(list()[static_cast<std::size_t>(index)].path);
     }
     /// Takes @p saved in when its file lies directly in the folder, then sorts. @return whether

@@ -29,8 +29,9 @@ public:
         return indexOfFileName(fileName);
     }
     std::optional<StretchTable> stretchForFileName(std::string_view fileName) const override;
-    /// @param index must be valid
-    std::string stretchFileNameAtIndex(int index) const { return fileNameAtIndex(index); }
+    std::string stretchFileNameAtIndex(int index) const override {
+        return fileNameAtIndex(index);
+    }
 
     /// Takes a document's values in when its file lies directly in the folder, then sorts.
     /// @return whether it did; the caller then posts kStretchSaved

@@ -32,8 +32,9 @@ public:
     }
     std::optional<CentTable> temperamentCentsForFileName(std::string_view fileName) const override;
     void normalizeCents(CentTable& cents, int key) const override;
-    /// @param index must be valid
-    std::string temperamentFileNameAtIndex(int index) const { return fileNameAtIndex(index); }
+    std::string temperamentFileNameAtIndex(int index) const override {
+        return fileNameAtIndex(index);
+    }
 
     /// Takes a document's values in when its file lies directly in the folder, then sorts.
     /// @return whether it did; the caller then posts kTemperamentSaved

@@ -9,6 +9,8 @@
 
 namespace veltrano {
 
+class PopUpMenu;
+
 using CentTable = std::array<double, 12>;     ///< [cents] by scale degree above the tonic
 using StretchTable = std::array<double, 108>; ///< [cents] by key number
 
@@ -23,6 +25,10 @@ public:
     virtual std::string nameForFileName(std::string_view fileName) const = 0;
     virtual std::string descriptionForFileName(std::string_view fileName) const = 0;
     virtual std::string pathForFileName(std::string_view fileName) const = 0;
+    /// The file name of an entry; empty outside the list.
+    virtual std::string temperamentFileNameAtIndex(int index) const = 0;
+    /// Fills @p menu: the built-in item, then, below a separator, the entries in list order.
+    virtual void updatePopUpButton(PopUpMenu& menu) const = 0;
 };
 
 /// The stretch tables that can be chosen, by file name. Thread: main. Texts are UTF-8.
@@ -34,6 +40,10 @@ public:
     virtual std::string nameForFileName(std::string_view fileName) const = 0;
     virtual std::string descriptionForFileName(std::string_view fileName) const = 0;
     virtual std::string pathForFileName(std::string_view fileName) const = 0;
+    /// The file name of an entry; empty outside the list.
+    virtual std::string stretchFileNameAtIndex(int index) const = 0;
+    /// Fills @p menu: the built-in item, then, below a separator, the entries in list order.
+    virtual void updatePopUpButton(PopUpMenu& menu) const = 0;
 };
 
 /// What an edited-notification carries: a document as the settings see it.

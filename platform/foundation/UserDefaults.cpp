@@ -87,6 +87,8 @@ UserDefaults::UserDefaults()
     mSettings->setFallbacksEnabled(false);
 }
 
+QString UserDefaults::usersFile() { return UserDefaults().mSettings->fileName(); }
+
 UserDefaults::UserDefaults(const QString& path)
     : mSettings(std::make_unique<QSettings>(path, QSettings::IniFormat)) {}
 
@@ -138,17 +140,11 @@ std::optional<std::string> UserDefaults::stringForKey(std::string_view key) cons
     return found.toString().toStdString();
 }
 
-void UserDefaults::setFloat(std::string_view key, float value) {
-    store(key, shortest(value));
-}
+void UserDefaults::setFloat(std::string_view key, float value) { store(key, shortest(value)); }
 
-void UserDefaults::setInteger(std::string_view key, int value) {
-    store(key, value);
-}
+void UserDefaults::setInteger(std::string_view key, int value) { store(key, value); }
 
-void UserDefaults::setBool(std::string_view key, bool value) {
-    store(key, value);
-}
+void UserDefaults::setBool(std::string_view key, bool value) { store(key, value); }
 
 void UserDefaults::setString(std::string_view key, std::string_view utf8) {
     store(key, toQString(utf8));

@@ -17,11 +17,13 @@ namespace veltrano {
 ///
 /// Numbers are stored as text with a point, whatever the locale. A value that cannot be read as the
 /// wanted type reads as the registered default, or 0, false or nullopt without one.
-/// Thread: main. Errors: an unreadable file reads as empty; synchronize() tells whether writing worked.
+/// Thread: main. Errors: an unreadable file reads as empty; synchronize() tells whether writing
+/// worked.
 class UserDefaults {
 public:
     /// The user's own file, veltrano/veltrano.ini in the configuration folder.
     UserDefaults();
+    static QString usersFile(); ///< its whole path
     /// Another file (tests, portable use); it need not exist.
     explicit UserDefaults(const QString& path);
     /// No file at all: what a first run would find, forgotten at the end.

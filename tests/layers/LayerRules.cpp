@@ -57,7 +57,9 @@ Include includeOf(std::string_view line) {
 bool isQt(std::string_view header) { return header.starts_with('Q'); }
 
 /// Of Qt's libraries beside QtCore that have nothing to do with windows.
-const std::set<std::string> kOtherQtWithoutWindows{"QTextToSpeech"};
+const std::set<std::string> kOtherQtWithoutWindows{
+    "QDBusConnection",   "QDBusMessage", "QDBusObjectPath", "QDBusPendingCallWatcher",
+    "QDBusPendingReply", "QLocalServer", "QLocalSocket",    "QTextToSpeech"};
 
 } // namespace
 

@@ -4,6 +4,7 @@
 
 #include "audio/NamedDeviceUnit.h"
 #include "audio/ToneGenerator.h"
+#include "platform/desktop/ControlPorts.h"
 #include "tuning/TuningLibraries.h"
 
 #include <algorithm>
@@ -46,6 +47,16 @@ public:
     std::string pathForFileName(std::string_view name) const override {
         return "/library/" + std::string(name);
     }
+    std::string temperamentFileNameAtIndex(int index) const override {
+        return entries.at(std::size_t(index)).fileName;
+    }
+    void updatePopUpButton(PopUpMenu& menu) const override {
+        menu.clear();
+        menu.addItem("Equal Tempered");
+        menu.addSeparator();
+        for (const Entry& entry : entries)
+            menu.addItem(entry.fileName);
+    }
 
     std::vector<Entry> entries;
 };
@@ -75,6 +86,16 @@ public:
     }
     std::string pathForFileName(std::string_view name) const override {
         return "/library/" + std::string(name);
+    }
+    std::string stretchFileNameAtIndex(int index) const override {
+        return entries.at(std::size_t(index)).fileName;
+    }
+    void updatePopUpButton(PopUpMenu& menu) const override {
+        menu.clear();
+        menu.addItem("None");
+        menu.addSeparator();
+        for (const Entry& entry : entries)
+            menu.addItem(entry.fileName);
     }
 
     std::vector<Entry> entries;

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <array>
 #include <utility>
 
@@ -50,6 +51,9 @@ ApplicationMenu::ApplicationMenu(QWidget& window, CommandChain chain, RecentFile
     : QObject(&window), mChain(std::move(chain)), mRecent(std::move(recent)),
       mDocuments(std::move(documents)), mWindow(window), mBar(barOf(window)) {
     addMenus();
+    connect(new QShortcut(Qt::Key_F10, &window), &QShortcut::activated, this, [this] {
+        if (mBar.isVisible()) mBar.setActiveAction(mBar.actions().constFirst());
+    });
     if (!qobject_cast<QMainWindow*>(&window)) keepShortcutsOnly();
 }
 

@@ -5,8 +5,6 @@
 #include "engine/Controller.h"
 #include "settings/Preferences.h"
 
-#include <QCoreApplication>
-
 namespace veltrano {
 
 namespace {
@@ -61,8 +59,6 @@ Operation operationOf(MenuCommand command) {
     }
 }
 
-QString title(const char* text) { return QCoreApplication::translate("Menu", text); }
-
 } // namespace
 
 std::optional<CommandState> TunerCommands::commandState(MenuCommand command) const {
@@ -71,11 +67,11 @@ std::optional<CommandState> TunerCommands::commandState(MenuCommand command) con
     switch (command) {
     case MenuCommand::showPartials:
         return CommandState{.title = mWindows.isVisible(AnalysisWindowKind::partials)
-                                         ? title(QT_TRANSLATE_NOOP("Menu", "Hide &Partials"))
+                                         ? QStringLiteral("Hide &Partials")
                                          : QString()};
     case MenuCommand::showHilbertScope:
         return CommandState{.title = mWindows.isVisible(AnalysisWindowKind::hilbert)
-                                         ? title(QT_TRANSLATE_NOOP("Menu", "Hide &Hilbert Scope"))
+                                         ? QStringLiteral("Hide &Hilbert Scope")
                                          : QString()};
     case MenuCommand::noteUp:
     case MenuCommand::noteDown:

@@ -68,7 +68,7 @@ void WindowDesk::showHelp() {
 }
 
 void WindowDesk::showShortcuts() {
-    mHelp.showHelpPanel();
+    mHelp.showKeys();
     didShowHelp();
 }
 

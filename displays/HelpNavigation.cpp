@@ -62,6 +62,11 @@ void HelpNavigation::showContents() {
     mText.setFocus();
 }
 
+void HelpNavigation::showKeys() {
+    mText.setSource(mPages.keys());
+    mText.setFocus();
+}
+
 std::optional<HelpNavigation::Key> HelpNavigation::keyOf(const QKeyEvent& event) {
     const int key = event.key() | static_cast<int>(event.modifiers() & ~Qt::KeypadModifier);
     switch (key) {

@@ -28,6 +28,7 @@ public:
     HelpNavigation(QWidget& window, HelpText& text, HelpPages pages, std::function<void()> beep);
 
     void showContents();
+    void showKeys();
     /// Looks for the text of the search field from the cursor on, page after page, and once around.
     void find(bool isBackward);
 

@@ -37,6 +37,8 @@ bool HelpPages::isThere() const { return QFile::exists(mFolder + kFirstPage); }
 
 QString HelpPages::folder() const { return mFolder; }
 
+QUrl HelpPages::keys() const { return QUrl::fromLocalFile(mFolder + QStringLiteral("/keys.html")); }
+
 QUrl HelpPages::contents() const { return QUrl::fromLocalFile(mFolder + kFirstPage); }
 
 QList<QUrl> HelpPages::pages() const {

@@ -22,6 +22,7 @@ public:
     bool isThere() const;      ///< whether the first page is
     QString folder() const;    ///< of the pages in that language
     QUrl contents() const;     ///< the first page
+    QUrl keys() const;         ///< the page that lists all keys
     QList<QUrl> pages() const; ///< all, the first page first; read anew each time
 
 private:

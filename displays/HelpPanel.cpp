@@ -26,6 +26,11 @@ void HelpPanel::showHelpPanel() {
     mWindow->activateWindow();
 }
 
+void HelpPanel::showKeys() {
+    showHelpPanel();
+    if (mNavigation) mNavigation->showKeys();
+}
+
 bool HelpPanel::load() {
     const WidgetMakers makers{
         {QStringLiteral("HelpText"), [](QWidget* parent) { return new HelpText(parent); }}};
@@ -46,6 +51,7 @@ void HelpPanel::showManual() {
     if (!text) return;
     const HelpPages pages(mResources.path() + QStringLiteral("/help"), QLocale());
     auto* navigation = new HelpNavigation(*mWindow, *text, pages, mBeep);
+    if (pages.isThere()) mNavigation = navigation;
     text->setCaretShown(QAccessible::isActive());
     text->setFocus();
     if (pages.isThere()) return navigation->showContents();

@@ -12,6 +12,8 @@
 
 namespace veltrano {
 
+class HelpNavigation;
+
 /// Loads the interface file "Help" when help is first asked for, and shows the manual in it, in
 /// German or English as the user's locale has it. Thread: main. Owns: the window. Errors: without
 /// the interface file each call logs one line and beeps; without the manual its window says so.
@@ -24,6 +26,8 @@ public:
 
     /// Centres the window unless it is visible, and brings it to the front with the focus.
     void showHelpPanel();
+    /// The same, at the page of the manual that lists all keys.
+    void showKeys();
 
     QWidget* window() const { return mWindow.get(); } ///< null until it was loaded
 
@@ -35,6 +39,7 @@ private:
     Log& mLog;
     const std::function<void()> mBeep;
     std::unique_ptr<QWidget> mWindow;
+    HelpNavigation* mNavigation = nullptr; ///< child of the window; null without the manual
 };
 
 } // namespace veltrano

@@ -16,6 +16,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSlider>
 #include <QTabWidget>
 #include <utility>
@@ -92,6 +93,8 @@ bool PreferencesPanel::load() {
         PreferencesActions::Ports{mPorts.preferences, *mDisplay, mPorts.temperaments,
                                   mPorts.stretches, mPorts.inputUnit, mPorts.outputUnit});
     awakeFromNib();
+    QObject::connect(new QShortcut(Qt::Key_Escape, mPrefsPanel.get()), &QShortcut::activated,
+                     mPrefsPanel.get(), &QWidget::close);
     centreOnScreen(*mPrefsPanel);
     if (mPorts.didLoad) mPorts.didLoad(*mPrefsPanel);
     return true;

@@ -8,38 +8,43 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&lt;body style=&quot;margin:20px 26px 20px 26px&quot;&gt;&lt;h2 style=&quot;margin-top:4px; margin-bottom:10px&quot;&gt;Veltrano&lt;/h2&gt;
-&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;Names the key that you play and shows how far it is from its target.&lt;/p&gt;
-&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;First tuning&lt;/h3&gt;
-&lt;ol style=&quot;margin-left:-14px&quot;&gt;&lt;li style=&quot;line-height:130%; margin-bottom:4px&quot;&gt;Place the microphone near the strings. Struck keys should light several level lights; a red one means that the input is too loud.&lt;/li&gt;
-&lt;li style=&quot;line-height:130%; margin-bottom:4px&quot;&gt;Strike one key. Its note, accidental and octave appear at the upper left.&lt;/li&gt;
-&lt;li style=&quot;line-height:130%; margin-bottom:4px&quot;&gt;Read the cents below the note: minus is flat, plus is sharp.&lt;/li&gt;
-&lt;li style=&quot;line-height:130%; margin-bottom:4px&quot;&gt;Turn the pin until the bars of the strobe stand still and the tick lights up.&lt;/li&gt;
-&lt;/ol&gt;&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;The displays&lt;/h3&gt;
-&lt;table cellspacing=&quot;0&quot; cellpadding=&quot;3&quot;&gt;&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Strobe&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;The finest display. Bars that stand still: exactly in tune. Bars that drift: off, the faster the further.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Needle&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;The deviation, up to 50 cents flat (left) or sharp (right). It is broad and green within the in-tune threshold, and broken at the end of the scale.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Lights&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;Beside the flat sign: the note is flat. Beside the sharp sign: it is sharp. In the middle: a tick when it is in tune, a dot when it is not, an empty ring when nothing is heard.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Frequency&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;What is heard, in hertz.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Target&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;What the key should have: reference pitch, temperament and stretch taken together.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Difference&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;Frequency less target.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Stretch offset&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;How far the stretch table moves the target of this key.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;104&quot;&gt;&lt;b&gt;Level&lt;/b&gt;&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;A light for every 4 dB. The one with a bar marks the loudest moment of the last second, which the number beside it gives; the one with an exclamation mark is full scale.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;/table&gt;&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;The window&lt;/h3&gt;
-&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;It keeps its proportions, and everything in it grows with it. Hold Alt while resizing for whole multiples of the smallest size, Shift for any size.&lt;/p&gt;
-&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;The windows beside it&lt;/h3&gt;
-&lt;table cellspacing=&quot;0&quot; cellpadding=&quot;3&quot;&gt;&lt;tr&gt;&lt;td width=&quot;122&quot;&gt;&lt;b&gt;Partials&lt;/b&gt;&lt;/td&gt;&lt;td width=&quot;58&quot;&gt;Ctrl+2&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;The partials of the sound, each on the key it falls on: a bar for its deviation in cents, upwards when it is sharp, and the number above.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;122&quot;&gt;&lt;b&gt;Hilbert Scope&lt;/b&gt;&lt;/td&gt;&lt;td width=&quot;58&quot;&gt;Ctrl+3&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;The shape of the sound. A pure tone is a circle, overtones put loops into it, noise is a blob.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;122&quot;&gt;&lt;b&gt;Piano Keyboard&lt;/b&gt;&lt;/td&gt;&lt;td width=&quot;58&quot;&gt;Ctrl+4&lt;/td&gt;&lt;td&gt;&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;The key that is being tuned, in red.&lt;/p&gt;&lt;/td&gt;&lt;/tr&gt;
-&lt;/table&gt;
-&lt;p style=&quot;line-height:130%; margin-top:6px; margin-bottom:6px&quot;&gt;The keys work in each of these windows. Ctrl+2 and Ctrl+3 also put their window away; Ctrl+1 leads back to the tuner. With the View menu the last partials stay on the screen, and the scope has a line or dots, a grid, and traces that decay.&lt;/p&gt;
-&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;Speech&lt;/h3&gt;
-&lt;p style=&quot;line-height:130%; margin-top:0; margin-bottom:6px&quot;&gt;Ctrl+D speaks what the tuner shows, or the partials while their window is in front; Ctrl+Shift+D adds details. Ctrl+T has each new note spoken, Ctrl+H its frequency, until the key is pressed again.&lt;/p&gt;
-&lt;h3 style=&quot;margin-top:18px; margin-bottom:8px&quot;&gt;Command line&lt;/h3&gt;
-&lt;table cellspacing=&quot;0&quot; cellpadding=&quot;3&quot;&gt;&lt;tr&gt;&lt;td width=&quot;230&quot;&gt;&lt;tt&gt;veltrano --input FILE.wav&lt;/tt&gt;&lt;/td&gt;&lt;td&gt;listens to a recording instead of the microphone&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;230&quot;&gt;&lt;tt&gt;veltrano --appearance dark&lt;/tt&gt;&lt;/td&gt;&lt;td&gt;dark colours; also light and system&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;230&quot;&gt;&lt;tt&gt;veltrano-cli analyze FILE.wav&lt;/tt&gt;&lt;/td&gt;&lt;td&gt;prints the readings of a recording&lt;/td&gt;&lt;/tr&gt;
-&lt;tr&gt;&lt;td width=&quot;230&quot;&gt;&lt;tt&gt;veltrano --help&lt;/tt&gt;&lt;/td&gt;&lt;td&gt;all options&lt;/td&gt;&lt;/tr&gt;
-&lt;/table&gt;&lt;/body&gt;</source>
+        <source>&amp;Contents</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The first page, with links to all others (F1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The page that was shown before (Alt+Left)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The page from which you went back (Alt+Right)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter looks for the text in all pages of the manual, F3 for its next place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Looks for the text in all pages (Ctrl+F; F3 the next place)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -278,14 +283,6 @@
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hide &amp;Partials</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hide &amp;Hilbert Scope</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -637,10 +634,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>&amp;Volume:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Volume of the tone in percent</source>
         <translation type="unfinished"></translation>
     </message>
@@ -665,10 +658,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Input &amp;volume:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Input volume in percent</source>
         <translation type="unfinished"></translation>
     </message>
@@ -682,6 +671,14 @@
     </message>
     <message>
         <source>Sound S&amp;ettings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Volume (%):</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Input &amp;volume (%):</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -755,6 +752,36 @@
     </message>
     <message>
         <source>lowest %1 %2 cents, highest %3 %4 cents</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>veltrano::HelpNavigation</name>
+    <message>
+        <source>Caret on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Caret off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On another page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From the other end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>veltrano::HelpPanel</name>
+    <message>
+        <source>The pages of the manual are missing. They belong into this folder:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

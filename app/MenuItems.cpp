@@ -116,7 +116,7 @@ Items speechItems() {
 }
 
 Items windowItems() {
-    return {{QT_TRANSLATE_NOOP("Menu", "&Minimise"), MenuCommand::minimise, {}},
+    return {{QT_TRANSLATE_NOOP("Menu", "&Minimise"), MenuCommand::minimise, {Qt::CTRL | Qt::Key_M}},
             {nullptr},
             {nullptr, {}, {}, MenuList::documents}};
 }

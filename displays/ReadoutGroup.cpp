@@ -5,17 +5,14 @@
 #include "displays/AutoResizeTextField.h"
 #include "displays/DotView.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 namespace veltrano {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("veltrano::ReadoutGroup", text); }
-
 QString inWords(QString value) {
-    return value.replace(u'♯', tr("sharp")).replace(u'♭', tr("flat"));
+    return value.replace(u'♯', ReadoutGroup::tr("sharp")).replace(u'♭', ReadoutGroup::tr("flat"));
 }
 
 QString named(const QWidget& view, const QString& value) {

@@ -2,6 +2,7 @@
 // What several readouts say together.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -17,6 +18,8 @@ class DotView;
 /// Texts and lights that are read as one value. What is hidden or empty is left out, and so is a
 /// light that is off; level lights are counted. Thread: main.
 class ReadoutGroup {
+    Q_DECLARE_TR_FUNCTIONS(veltrano::ReadoutGroup)
+
 public:
     /// How texts are joined: "440.000 Hz", or by name: "Temperament: Young, Stretch: Grand".
     enum class Joining { words, list };

@@ -683,17 +683,6 @@
     </message>
 </context>
 <context>
-    <name>veltrano</name>
-    <message>
-        <source>sharp</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>flat</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>veltrano::Application</name>
     <message>
         <source>About</source>
@@ -863,6 +852,14 @@
     </message>
     <message>
         <source>off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>sharp</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>flat</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

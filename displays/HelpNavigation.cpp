@@ -167,9 +167,10 @@ void HelpNavigation::say(const QString& text) {
     if (mStatus) mStatus->setText(text);
 }
 
-void HelpNavigation::updateTitle() {
-    const QString title = mText.documentTitle();
-    mWindow.setWindowTitle(title.isEmpty() ? mTitle : title + QStringLiteral(" – ") + mTitle);
+void HelpNavigation::updateTitle(const QUrl& shown) {
+    const bool isFirst = shown.adjusted(QUrl::RemoveFragment) == mPages.contents();
+    const QString page = isFirst ? QString() : mText.documentTitle();
+    mWindow.setWindowTitle(page.isEmpty() ? mTitle : page + QStringLiteral(" – ") + mTitle);
 }
 
 } // namespace veltrano

@@ -44,7 +44,7 @@ private:
     void findOnOtherPages(const QString& text, bool isBackward);
     bool findFromEnd(const QString& text, bool isBackward);
     void say(const QString& text);
-    void updateTitle();
+    void updateTitle(const QUrl& shown); ///< of the page and the window
 
     QWidget& mWindow;
     HelpText& mText;

@@ -132,6 +132,7 @@ void HelpText::resizeEvent(QResizeEvent* event) {
 
 /// A page begins without margins, and a picture takes its place only when it is there.
 void HelpText::pageShown(const QUrl& url) {
+    mPage = url; // source() is still that of the page before
     updateMargins();
     fitPictures();
     if (url.hasFragment()) scrollToAnchor(url.fragment());
@@ -157,7 +158,7 @@ void HelpText::updateMargins() {
 void HelpText::fitPictures() {
     bool hasAny = false;
     forEachPicture(*document(), [this, &hasAny](const QTextImageFormat& format) {
-        const QUrl url = source().resolved(QUrl(format.name()));
+        const QUrl url = mPage.resolved(QUrl(format.name()));
         document()->addResource(QTextDocument::ImageResource, url, picture(url));
         hasAny = true;
     });
@@ -166,7 +167,6 @@ void HelpText::fitPictures() {
 
 /// The colours of links and tables are fixed when a page is read.
 void HelpText::showAnew() {
-    if (styleFor(palette()) == mStyle && source().isEmpty()) return;
     updateStyle();
     if (source().isEmpty()) return;
     const int position = verticalScrollBar()->value();

@@ -34,6 +34,7 @@ private:
     QImage picture(const QUrl& url) const;
 
     QString mStyle;
+    QUrl mPage; ///< with its pictures
 };
 
 } // namespace veltrano

@@ -57,7 +57,7 @@ protected:
 TEST_F(ManualInItsWindowTest, BeginsWithTheContentsAndTheFocusInTheText) {
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(QApplication::focusWidget(), &text());
-    EXPECT_EQ(window().windowTitle(), QStringLiteral("Veltrano Help – Help"));
+    EXPECT_EQ(window().windowTitle(), "Help");
     EXPECT_FALSE(button("backButton").isEnabled());
     EXPECT_FALSE(button("forwardButton").isEnabled());
     EXPECT_TRUE(mLog.lines.empty() && mLog.details.empty());

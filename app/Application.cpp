@@ -213,6 +213,7 @@ int Application::runWindow(const std::function<void()>& willListen) {
     mController->applicationDidFinishLaunching();
     mIdleInhibitor = std::make_unique<IdleInhibitor>();
     mIdleInhibitor->setInhibits(true);
+    followColorScheme();
     if (mRecording) {
         mFrameWatch->writeReadings(writeToStandardOutput);
         mRecording->startRealTime();
@@ -229,6 +230,15 @@ int Application::runWindow(const std::function<void()>& willListen) {
     }
     terminate();
     return exitCode;
+}
+
+void Application::followColorScheme() {
+    if (mOptions.appearance != AppearanceChoice::system) return;
+    mColorScheme = std::make_unique<DesktopColorScheme>([](ColorScheme scheme) {
+        Appearance::chooseLike(scheme == ColorScheme::dark    ? AppearanceChoice::dark
+                               : scheme == ColorScheme::light ? AppearanceChoice::light
+                                                              : AppearanceChoice::system);
+    });
 }
 
 /// The windows are still as the user left them.

@@ -19,6 +19,7 @@
 #include "platform/audio/Recording.h"
 #include "platform/audio/RecordingDevice.h"
 #include "platform/audio/VirtualHardware.h"
+#include "platform/desktop/DesktopColorScheme.h"
 #include "platform/desktop/DocumentPorts.h"
 #include "platform/desktop/IdleInhibitor.h"
 #include "platform/desktop/ImageLibrary.h"
@@ -72,6 +73,7 @@ private:
     void furnishWindows();
     void furnishPanel(QWidget& window);
     void followVisibility(bool isAnyInSight);
+    void followColorScheme();
     void setReducesMotion(bool reduces);
     void showAbout();
     void quitLater();
@@ -103,8 +105,9 @@ private:
     std::unique_ptr<WindowDesk> mWindows;
     DocumentDesk mDocuments;
     SoundSettings mSoundSettings{*mPanels};
-    std::unique_ptr<IdleInhibitor> mIdleInhibitor; ///< null for pictures
-    std::unique_ptr<FrameWatch> mFrameWatch;       ///< null without --input
+    std::unique_ptr<IdleInhibitor> mIdleInhibitor;    ///< null for pictures
+    std::unique_ptr<DesktopColorScheme> mColorScheme; ///< null unless the system's is followed
+    std::unique_ptr<FrameWatch> mFrameWatch;          ///< null without --input
     std::unique_ptr<Controller> mController;
     std::unique_ptr<TunerCommands> mTunerCommands;
     std::unique_ptr<PreferencesPanel> mPreferencesPanel;

@@ -54,7 +54,7 @@ void DocumentDesk::addTemperaments() {
         auto& document = static_cast<MVTemperamentDocument&>(any);
         EditorContents contents = contentsOf<TemperamentEditor>(mPorts.resources, document, mLog);
         contents.commands.exportScala = [&document] { document.exportTemperament(); };
-        return windowOf(document, std::move(contents));
+        return windowOf(document, std::move(contents), "temperament");
     };
     mDocuments.addKind({type, type.name, make, makeWindow});
 }
@@ -67,7 +67,8 @@ void DocumentDesk::addStretches() {
     };
     const auto makeWindow = [this](Document& any) {
         auto& document = static_cast<MVStretchDocument&>(any);
-        return windowOf(document, contentsOf<StretchEditor>(mPorts.resources, document, mLog));
+        return windowOf(document, contentsOf<StretchEditor>(mPorts.resources, document, mLog),
+                        "stretch");
     };
     mDocuments.addKind({type, type.name, make, makeWindow});
 }
@@ -79,11 +80,14 @@ void DocumentDesk::addScalaScales() {
         [this](std::string_view path) { ScalaImport(mDocuments, mPorts.panels).importFile(path); });
 }
 
-std::unique_ptr<DocumentWindow> DocumentDesk::windowOf(Document& document,
-                                                       EditorContents contents) {
+std::unique_ptr<DocumentWindow> DocumentDesk::windowOf(Document& document, EditorContents contents,
+                                                       std::string_view kind) {
     if (!contents.editor) return nullptr;
     auto window = std::make_unique<EditorWindow>(document, std::move(contents),
                                                  [this, &document] { closeLater(document); });
+    mMemory.restoreSize(kind, *window);
+    connect(window.get(), &EditorWindow::wasResized, this,
+            [this, kind, shown = window.get()] { mMemory.keepSize(kind, *shown); });
     furnish(*window, window.get());
     return window;
 }

@@ -9,6 +9,7 @@
 #include "platform/desktop/DocumentController.h"
 #include "platform/desktop/QtPasteboard.h"
 #include "platform/desktop/ResourceFolder.h"
+#include "platform/desktop/WindowMemory.h"
 #include "platform/foundation/RememberingLog.h"
 
 #include <QObject>
@@ -65,7 +66,8 @@ private:
     void addTemperaments();
     void addStretches();
     void addScalaScales();
-    std::unique_ptr<DocumentWindow> windowOf(Document& document, EditorContents contents);
+    std::unique_ptr<DocumentWindow> windowOf(Document& document, EditorContents contents,
+                                             std::string_view kind);
     void closeLater(Document& document);
 
     std::vector<DocumentList::Entry> documentList() const;
@@ -75,6 +77,7 @@ private:
     const Ports mPorts;
     RememberingLog mLog{mPorts.log};
     QtPasteboard mPasteboard;
+    WindowMemory mMemory{mPorts.defaults};
     CommandHandler* mApplication = nullptr;
     std::function<void(QWidget&)> mDidFurnish; ///< empty: nobody is told
     FocusedTextHandler mFocusedText;

@@ -165,6 +165,11 @@ void EditorWindow::performFile(MenuCommand command) {
     }
 }
 
+void EditorWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (isVisible()) emit wasResized();
+}
+
 void EditorWindow::closeEvent(QCloseEvent* event) {
     endCellEditing();
     event->ignore();

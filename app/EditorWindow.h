@@ -63,8 +63,12 @@ public:
     /// Paints the print page as it would be printed.
     const PagePrinter::PaintPage& paintPage() const { return mContents.paintPage; }
 
+signals:
+    void wasResized(); ///< after it was first shown
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     bool performEdit(MenuCommand command);

@@ -65,6 +65,13 @@ QPalette Appearance::palette(AppearanceChoice choice) {
 
 void Appearance::choose(AppearanceChoice choice) { QApplication::setPalette(palette(choice)); }
 
+void Appearance::chooseLike(AppearanceChoice wanted) {
+    choose(AppearanceChoice::system);
+    if (wanted == AppearanceChoice::system) return;
+    const bool wantsDark = wanted == AppearanceChoice::dark;
+    if (isDark() != wantsDark) choose(wanted);
+}
+
 std::optional<AppearanceChoice> Appearance::choiceNamed(QStringView name) {
     if (name == u"system") return AppearanceChoice::system;
     if (name == u"light") return AppearanceChoice::light;

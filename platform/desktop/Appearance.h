@@ -25,6 +25,9 @@ public:
     static QPalette palette(AppearanceChoice choice);
     /// Puts the whole application into that palette.
     static void choose(AppearanceChoice choice);
+    /// The same for a desktop that wants it light or dark; its own palette is taken when that is so
+    /// already.
+    static void chooseLike(AppearanceChoice wanted);
     /// "system", "light" or "dark".
     static std::optional<AppearanceChoice> choiceNamed(QStringView name);
 

@@ -4,6 +4,8 @@
 
 #include "platform/foundation/UserDefaults.h"
 
+#include <QScreen>
+#include <QStringList>
 #include <QWidget>
 #include <string>
 
@@ -23,6 +25,22 @@ bool WindowMemory::restore(std::string_view name, QWidget& window) const {
 
 void WindowMemory::keep(std::string_view name, const QWidget& window) {
     mDefaults.setString(keyOf(name), window.saveGeometry().toBase64().toStdString());
+}
+
+void WindowMemory::restoreSize(std::string_view name, QWidget& window) const {
+    const QStringList size =
+        QString::fromStdString(mDefaults.stringForKey(keyOf(name)).value_or("")).split(u'x');
+    if (size.size() != 2) return;
+    const QSize wanted(size[0].toInt(), size[1].toInt());
+    const QScreen* screen = window.screen();
+    if (wanted.isEmpty() || !screen) return;
+    window.resize(wanted.boundedTo(screen->availableSize()));
+}
+
+void WindowMemory::keepSize(std::string_view name, const QWidget& window) {
+    if (window.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+    mDefaults.setString(keyOf(name),
+                        std::to_string(window.width()) + 'x' + std::to_string(window.height()));
 }
 
 } // namespace veltrano

@@ -22,6 +22,10 @@ public:
     bool restore(std::string_view name, QWidget& window) const;
     void keep(std::string_view name, const QWidget& window);
 
+    /// The size alone, for one of several windows of a kind.
+    void restoreSize(std::string_view name, QWidget& window) const;
+    void keepSize(std::string_view name, const QWidget& window);
+
 private:
     UserDefaults& mDefaults;
 };

@@ -59,7 +59,8 @@ bool isQt(std::string_view header) { return header.starts_with('Q'); }
 /// Of Qt's libraries beside QtCore that have nothing to do with windows.
 const std::set<std::string> kOtherQtWithoutWindows{
     "QDBusConnection",   "QDBusMessage", "QDBusObjectPath", "QDBusPendingCallWatcher",
-    "QDBusPendingReply", "QLocalServer", "QLocalSocket",    "QTextToSpeech"};
+    "QDBusPendingReply", "QDBusVariant", "QLocalServer",    "QLocalSocket",
+    "QTextToSpeech"};
 
 } // namespace
 

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The manual names every key of the menus, every bare key of the tuner window and every option.
+// The manual names every key of the menus, every bare key of the tuner window and every option, and
+// calls the items of the menus as the menus do.
 #include "app/ApplicationMenu.h"
 #include "app/LaunchOptions.h"
 #include "engine/KeyDownTable.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QSet>
+#include <QXmlStreamReader>
 #include <gtest/gtest.h>
 
 namespace veltrano {
@@ -78,6 +81,69 @@ TEST(ManualKeys, EveryKeyIsListedInBothLanguages) {
     for (const QString& key : menus + bare) {
         EXPECT_TRUE(english.contains(key)) << key.toStdString();
         EXPECT_TRUE(german.contains(inGerman(key))) << inGerman(key).toStdString();
+    }
+}
+
+/// "View > Reduce Motion" and so on, in the order of pages and places.
+QList<QStringList> itemsInManual(const char* language) {
+    const QDir folder(QStringLiteral(VELTRANO_SOURCE_RESOURCES "/help/") + QLatin1String(language));
+    static const QRegularExpression italic(QStringLiteral("<i>([^<]+)</i>"));
+    QList<QStringList> items;
+    for (const QString& page : folder.entryList(QDir::Files, QDir::Name)) {
+        QFile file(folder.filePath(page));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString html = QString::fromUtf8(file.readAll());
+        for (auto found = italic.globalMatch(html); found.hasNext();)
+            items.append(found.next().captured(1).split(QStringLiteral(" &gt; ")));
+    }
+    return items;
+}
+
+QString withoutMnemonic(QString text) { return text.remove(u'&'); }
+
+TEST(ManualMenus, EveryItemThatIsNamedIsInItsMenu) {
+    QMainWindow window;
+    new ApplicationMenu(window, {}, {});
+    QSet<QStringList> items;
+    for (const QAction* title : window.menuBar()->actions()) {
+        for (const QAction* action : title->menu()->actions())
+            items.insert({withoutMnemonic(title->text()), withoutMnemonic(action->text())});
+    }
+    const QList<QStringList> named = itemsInManual("en");
+    EXPECT_GE(named.size(), 20);
+    for (const QStringList& item : named)
+        EXPECT_TRUE(items.contains(item)) << item.join(u'>').toStdString();
+}
+
+/// The finished translations of the menus; empty without their file.
+QHash<QString, QString> germanMenus() {
+    QFile file(QStringLiteral(VELTRANO_SOURCE_RESOURCES "/translations/veltrano_de.ts"));
+    QHash<QString, QString> texts;
+    if (!file.open(QIODevice::ReadOnly)) return texts;
+    QXmlStreamReader xml(&file);
+    QString context, source;
+    while (xml.readNextStartElement() || !xml.atEnd()) {
+        if (!xml.isStartElement()) continue;
+        if (xml.name() == u"name") context = xml.readElementText();
+        if (xml.name() == u"source") source = withoutMnemonic(xml.readElementText());
+        if (xml.name() != u"translation") continue;
+        const QString text = withoutMnemonic(xml.readElementText());
+        if (context == u"Menu" && !text.isEmpty()) texts.insert(source, text);
+    }
+    return texts;
+}
+
+TEST(ManualMenus, TheGermanPagesCallThemAsTheGermanMenusDo) {
+    const QHash<QString, QString> german = germanMenus();
+    if (german.isEmpty()) GTEST_SKIP() << "the menus are not translated yet";
+    const QList<QStringList> english = itemsInManual("en");
+    const QList<QStringList> named = itemsInManual("de");
+    ASSERT_EQ(named.size(), english.size());
+    for (qsizetype number = 0; number < named.size(); ++number) {
+        QStringList expected = english[number];
+        for (QString& part : expected)
+            part = german.value(part, part);
+        EXPECT_EQ(named[number], expected) << expected.join(u'>').toStdString();
     }
 }
 

@@ -26,7 +26,7 @@ Items fileItems() {
          MenuCommand::exportScala,
          {Qt::CTRL | Qt::SHIFT | Qt::Key_E}},
         {nullptr},
-        {QT_TRANSLATE_NOOP("Menu", "&Close"), MenuCommand::closeWindow, {QKeySequence::Close}},
+        {QT_TRANSLATE_NOOP("Menu", "&Close"), MenuCommand::closeWindow, {Qt::CTRL | Qt::Key_W}},
         {QT_TRANSLATE_NOOP("Menu", "&Save"), MenuCommand::save, {QKeySequence::Save}},
         {QT_TRANSLATE_NOOP("Menu", "Save &As…"),
          MenuCommand::saveAs,

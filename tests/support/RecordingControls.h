@@ -4,12 +4,16 @@
 
 #include "platform/desktop/ControlPorts.h"
 
+#include <charconv>
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace veltrano {
 
-// Thread: main.
+// Thread: main. What each is told can also be heard in order with others: "clear", "select 3",
+// "440.5", "enabled 1", a text. Single items of a menu are not told.
+using ControlEar = std::function<void(const std::string& call)>;
 
 /// A pop-up menu as it would be seen. A separator is an item titled "-".
 class RecordingPopUp final : public PopUpMenu {
@@ -19,6 +23,7 @@ public:
         tips.clear();
         selected = -1;
         ++clears;
+        if (heard) heard("clear");
     }
     void addItem(std::string_view title, std::string_view tip) override {
         titles.emplace_back(title);
@@ -31,9 +36,16 @@ public:
             if (titles[index] == title) selected = static_cast<int>(index);
         }
     }
-    void selectIndex(int index) override { selected = index; }
-    void setEnabled(bool enabled) override { isEnabled = enabled; }
+    void selectIndex(int index) override {
+        selected = index;
+        if (heard) heard("select " + std::to_string(index));
+    }
+    void setEnabled(bool enabled) override {
+        isEnabled = enabled;
+        if (heard) heard(enabled ? "enabled 1" : "enabled 0");
+    }
 
+    ControlEar heard;
     std::vector<std::string> titles;
     std::vector<std::string> tips;
     int selected = -1; ///< -1: nothing
@@ -44,21 +56,38 @@ public:
 /// A slider.
 class RecordingValue final : public ValueControl {
 public:
-    void setValue(double number) override { value = number; }
-    void setEnabled(bool enabled) override { isEnabled = enabled; }
+    void setValue(double number) override {
+        value = number;
+        if (heard) heard(text(number));
+    }
+    void setEnabled(bool enabled) override {
+        isEnabled = enabled;
+        if (heard) heard(enabled ? "enabled 1" : "enabled 0");
+    }
 
+    ControlEar heard;
     double value = -1;
     bool isEnabled = true;
+
+private:
+    static std::string text(double number) {
+        char digits[32];
+        return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
+    }
 };
 
 /// A text field.
 class RecordingText final : public TextOutlet {
 public:
-    void setText(std::string_view text) override { shown = text; }
+    void setText(std::string_view text) override {
+        shown = text;
+        if (heard) heard(shown);
+    }
     std::string text() const override { return shown; }
     void setTip(std::string_view text) override { tip = text; }
     void setHidden(bool hidden) override { isHidden = hidden; }
 
+    ControlEar heard;
     std::string shown;
     std::string tip;
     bool isHidden = false;

@@ -111,8 +111,10 @@ void AccessibleReadout::announce() {
     const QString before = std::exchange(mAnnounced, accessibleValue());
     if (mAnnounced == before) return;
     mSinceAnnounced.start();
-    QAccessibleValueChangeEvent value(&mWidget, mAnnounced);
-    sListener.hear(&value);
+    if (accessibleRange()) {
+        QAccessibleValueChangeEvent value(&mWidget, mAnnounced);
+        sListener.hear(&value);
+    }
     QAccessibleEvent name(&mWidget, QAccessible::NameChanged);
     sListener.hear(&name);
     QAccessibleTextUpdateEvent text(&mWidget, 0, before, mAnnounced);

@@ -146,11 +146,11 @@ AccessibleNode program(const std::string& name) {
     return {};
 }
 
-bool await(const std::function<bool()>& condition) {
-    constexpr std::chrono::seconds kPatience(20);
+bool await(const std::function<bool()>& condition, double seconds) {
+    const std::chrono::duration<double> patience(seconds);
     const auto begin = steady_clock::now();
     while (!condition()) {
-        if (steady_clock::now() - begin > kPatience) return false;
+        if (steady_clock::now() - begin > patience) return false;
         turn();
     }
     return true;

@@ -59,8 +59,8 @@ bool connect(); ///< to the buses that the environment leads to
 void disconnect();
 /// The program of that name; no node if it is not there.
 AccessibleNode program(const std::string& name);
-/// Waits until @p condition holds. @return whether it did within 20 s
-bool await(const std::function<bool()>& condition);
+/// Waits until @p condition holds. @return whether it did within @p seconds
+bool await(const std::function<bool()>& condition, double seconds = 20);
 /// What is told of those types within @p seconds.
 std::vector<AccessibleEvent> listen(const std::vector<std::string>& types, double seconds);
 

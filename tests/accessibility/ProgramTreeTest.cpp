@@ -27,7 +27,7 @@ std::string complaintOf(const AccessibleNode& node) {
     if (kNothingSaying.contains(role)) return "does not say what it is";
     const bool isNamed = !node.name().empty();
     if (role == "filler") {
-        if (isNamed) return "has a name but does not say what it is";
+        if (node.parent().role() == "application") return "does not say that it is a window";
         const bool isViewport = node.parent().text().has_value();
         return isViewport || node.childCount() > 0 ? "" : "is an empty container";
     }
@@ -46,17 +46,21 @@ std::string complaintOf(const AccessibleNode& node) {
 
 class AccessibleProgram : public ProgramRig {
 protected:
-    static void expectAllNamed(const AccessibleNode& window) {
+    /// @return every name in sight
+    static std::string expectAllNamed(const AccessibleNode& window) {
+        std::string names;
         int objects = 0;
         window.walk([&](const AccessibleNode& node, const std::string& path) {
             const bool isMenu = node.role().find("menu") != std::string::npos;
             if (!isMenu && !node.is(NodeState::showing)) return false;
             ++objects;
+            names += node.name() + '\n';
             const std::string complaint = complaintOf(node);
             EXPECT_EQ(complaint, "") << path;
             return true;
         });
         EXPECT_GT(objects, 2) << window.name();
+        return names;
     }
 
     /// Moves the focus in the tuner window by @p key until it is where it was.
@@ -94,6 +98,27 @@ TEST_F(AccessibleProgram, EverythingInEveryWindowHasANameAndARole) {
     screen->press("F1");
     ASSERT_TRUE(appears("Help"));
     expectAllNamed(window("Help"));
+}
+
+TEST_F(AccessibleProgram, EverythingInThePreferencesHasANameAndARole) {
+    start();
+    screen->press("ctrl+comma");
+    ASSERT_TRUE(appears("Preferences"));
+    const AccessibleNode panel = window("Preferences");
+    const AccessibleNode tabs =
+        panel.find([](const AccessibleNode& it) { return it.role() == "page tab list"; });
+    ASSERT_TRUE(tabs);
+    std::vector<std::string> names;
+    for (const AccessibleNode& tab : tabs.children()) {
+        if (tab.role() == "page tab") names.push_back(tab.name());
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"Tuning", "Manual Mode", "Sound Back", "Devices"}));
+    std::set<std::string> seen;
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
+        EXPECT_TRUE(seen.insert(expectAllNamed(panel)).second) << "another tab";
+        screen->press("ctrl+Tab");
+    }
 }
 
 TEST_F(AccessibleProgram, NoteCentsAndLightsCanBeRead) {
@@ -159,7 +184,10 @@ TEST_F(AccessibleProgram, TheFocusGoesRoundThePanesOfTheTunerWindow) {
         std::ranges::rotate(names, std::ranges::find(names, first));
         return names;
     };
-    for (const char* key : {"shift+Tab"}) {
+    const std::vector<std::string> forward = roundBy("F6");
+    ASSERT_EQ(std::ranges::count(forward, panes.front()), 1) << testing::PrintToString(forward);
+    EXPECT_EQ(rotatedTo(forward, panes.front()), panes);
+    for (const char* key : {"shift+Tab", "shift+F6"}) {
         SCOPED_TRACE(key);
         std::vector<std::string> back = roundBy(key);
         std::ranges::reverse(back);
@@ -189,6 +217,11 @@ TEST_F(AccessibleProgram, MenusAreReachedByKeysAndTellTheirCheckMarks) {
     screen->press("m");
     EXPECT_TRUE(accessible::await([&] { return !isOpen(); }));
     EXPECT_TRUE(says(tuner, "Deviation: off"));
+    screen->press("F10");
+    const auto first = [&] { return tuner.findByName("New Temperament"); };
+    EXPECT_TRUE(accessible::await([&] { return first().is(NodeState::showing); }));
+    screen->press("Escape");
+    screen->press("Escape");
     screen->press("alt+t");
     ASSERT_TRUE(accessible::await(isOpen));
     EXPECT_TRUE(item().is(NodeState::checked));

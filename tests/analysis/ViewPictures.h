@@ -133,8 +133,8 @@ inline QFont textFont(int size, bool isBold) {
 struct HeardValues {
     static inline std::vector<QString> values;
     static void hear(QAccessibleEvent* event) {
-        if (event->type() == QAccessible::ValueChanged)
-            values.push_back(static_cast<QAccessibleValueChangeEvent*>(event)->value().toString());
+        if (event->type() == QAccessible::TextUpdated)
+            values.push_back(static_cast<QAccessibleTextUpdateEvent*>(event)->textInserted());
     }
     HeardValues() {
         AccessibleReadout::install();

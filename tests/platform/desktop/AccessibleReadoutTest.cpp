@@ -130,6 +130,8 @@ TEST(AccessibleReadout, ChangesAreHeardAtMostFourTimesASecondTheLastAlways) {
     gValues.clear();
     gNames = 0;
     Readout readout;
+    QElapsedTimer elapsed;
+    elapsed.start();
     readout.set("1");
     runFor(20);
     ASSERT_EQ(gValues, QStringList{"1"}) << "the first at once";
@@ -140,7 +142,7 @@ TEST(AccessibleReadout, ChangesAreHeardAtMostFourTimesASecondTheLastAlways) {
     readout.set("last");
     runFor(400);
     EXPECT_EQ(gValues.last(), "last");
-    EXPECT_LE(gValues.size(), 4);
+    EXPECT_LE(gValues.size(), 1 + elapsed.elapsed() / 250) << "however slow the machine is";
     EXPECT_EQ(gNames, gValues.size());
     AccessibleReadout::setListener({[] { return false; }, keepEvent});
     readout.set("unheard");

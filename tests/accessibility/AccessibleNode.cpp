@@ -91,6 +91,17 @@ bool AccessibleNode::is(NodeState state) const {
     return isSet;
 }
 
+std::optional<std::pair<int, int>> AccessibleNode::middle() const {
+    AtspiComponent* component = atspi_accessible_get_component_iface(mObject.get());
+    if (!component) return std::nullopt;
+    AtspiRect* place = atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
+    g_object_unref(component);
+    if (!place) return std::nullopt;
+    const auto middle = std::pair(place->x + place->width / 2, place->y + place->height / 2);
+    g_free(place);
+    return middle;
+}
+
 int AccessibleNode::childCount() const {
     return atspi_accessible_get_child_count(mObject.get(), nullptr);
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct _AtspiAccessible; // NOLINT: that library's own name
@@ -29,6 +30,8 @@ public:
     std::optional<std::string> text() const; ///< nullopt: it is none
     std::optional<double> value() const;     ///< nullopt: it has none
     bool is(NodeState state) const;
+    /// Its middle on the screen, in pixels; nullopt: it has no place.
+    std::optional<std::pair<int, int>> middle() const;
     int childCount() const;
     AccessibleNode child(int index) const;
     std::vector<AccessibleNode> children() const;

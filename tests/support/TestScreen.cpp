@@ -71,6 +71,55 @@ QString TestScreen::active() const {
 
 void TestScreen::press(const QString& keys) const { tool({QStringLiteral("key"), keys}); }
 
+void TestScreen::type(const QString& text) const {
+    tool({QStringLiteral("type"), QStringLiteral("--"), text});
+}
+
+void TestScreen::click(QPoint at) const {
+    tool({QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
+          QStringLiteral("click"), QStringLiteral("1")});
+}
+
+QStringList TestScreen::windows(const QString& title) const {
+    return tool({QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^") + title})
+        .value_or(QString())
+        .split(u'\n', Qt::SkipEmptyParts);
+}
+
+void TestScreen::minimize(const QString& window) const {
+    tool({QStringLiteral("windowminimize"), window});
+}
+
+void TestScreen::activate(const QString& window) const {
+    tool({QStringLiteral("windowactivate"), window});
+}
+
+void TestScreen::move(const QString& window, QPoint to) const {
+    tool({QStringLiteral("windowmove"), window, QString::number(to.x()), QString::number(to.y())});
+}
+
+QRect TestScreen::place(const QString& window) const {
+    const QString answer =
+        tool({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window})
+            .value_or(QString());
+    const auto number = [&](const char* name) {
+        for (const QString& line : answer.split(u'\n')) {
+            if (line.startsWith(QLatin1String(name) + u'=')) return line.section(u'=', 1).toInt();
+        }
+        return -1;
+    };
+    return {number("X"), number("Y"), number("WIDTH"), number("HEIGHT")};
+}
+
+bool TestScreen::hasPictures() {
+    return !QStandardPaths::findExecutable(QStringLiteral("import")).isEmpty();
+}
+
+bool TestScreen::takePicture(const QString& path) const {
+    return run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), path})
+        .has_value();
+}
+
 void TestScreen::minimizeActive() const {
     tool({QStringLiteral("getactivewindow"), QStringLiteral("windowminimize")});
 }
@@ -80,11 +129,15 @@ bool TestScreen::await(const std::function<bool()>& condition) {
 }
 
 std::optional<QString> TestScreen::tool(const QStringList& arguments) const {
+    return run(QStringLiteral("xdotool"), arguments);
+}
+
+std::optional<QString> TestScreen::run(const QString& program, const QStringList& arguments) const {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DISPLAY"), mDisplay);
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(program, arguments);
     if (!process.waitForFinished(10000) || process.exitCode() != 0) return std::nullopt;
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }

@@ -4,7 +4,10 @@
 
 #include "tests/support/TestProcess.h"
 
+#include <QPoint>
+#include <QRect>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <functional>
 #include <memory>
@@ -31,7 +34,25 @@ public:
     QString active() const;
     /// Presses and releases keys, as "ctrl+2", wherever the focus is.
     void press(const QString& keys) const;
+    /// Types a text of ASCII letters wherever the focus is.
+    void type(const QString& text) const;
+    /// Clicks with the main button.
+    void click(QPoint at) const;
     void minimizeActive() const;
+
+    /// Numbers of the windows whose title begins so, those that are not on the screen as well.
+    QStringList windows(const QString& title) const;
+    void minimize(const QString& window) const;
+    void activate(const QString& window) const; ///< brings it back when it is minimized
+    /// The window manager puts its frame there.
+    void move(const QString& window, QPoint to) const;
+    /// Where a window is, as the window manager has it.
+    QRect place(const QString& window) const;
+
+    /// Whether ImageMagick's import is there.
+    static bool hasPictures();
+    /// A picture of the whole screen. @return whether it was written
+    bool takePicture(const QString& path) const;
 
     /// Waits until @p condition holds. @return whether it did within 10 s
     static bool await(const std::function<bool()>& condition);
@@ -39,6 +60,7 @@ public:
 private:
     /// Runs xdotool. @return its output without the last line break; nullopt: it failed
     std::optional<QString> tool(const QStringList& arguments) const;
+    std::optional<QString> run(const QString& program, const QStringList& arguments) const;
 
     QTemporaryDir mFolder;
     QString mDisplay;

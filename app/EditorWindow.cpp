@@ -3,6 +3,8 @@
 #include "app/EditorWindow.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <array>
 #include <utility>
 
 namespace veltrano {
@@ -34,6 +36,19 @@ std::optional<TuningDocument::Command> validatedCommand(MenuCommand command) {
     default:
         return std::nullopt;
     }
+}
+
+/// What the documents call their edits, for the translators.
+[[maybe_unused]] constexpr std::array kEditNames{
+    QT_TRANSLATE_NOOP("EditHistory", "Typing"), QT_TRANSLATE_NOOP("EditHistory", "Edit"),
+    QT_TRANSLATE_NOOP("EditHistory", "Cut"), QT_TRANSLATE_NOOP("EditHistory", "Paste"),
+    QT_TRANSLATE_NOOP("EditHistory", "Delete")};
+
+/// "&Undo" with the edit that it takes back, if there is one.
+CommandState historyState(const QString& verb, const QString& verbWithEdit, const std::string& edit,
+                          bool isEnabled) {
+    const QString name = QCoreApplication::translate("EditHistory", edit.c_str());
+    return {isEnabled, std::nullopt, edit.empty() ? verb : verbWithEdit.arg(name)};
 }
 
 } // namespace
@@ -75,11 +90,6 @@ void EditorWindow::print(const PrintInfo& info, bool showsPanel) {
 }
 
 std::optional<CommandState> EditorWindow::commandState(MenuCommand command) const {
-    const auto titled = [](const QString& verb, const std::string& name, bool isEnabled) {
-        const QString title =
-            name.empty() ? verb : verb + u' ' + fromUtf8(name).replace(u'&', QStringLiteral("&&"));
-        return CommandState{isEnabled, std::nullopt, title};
-    };
     if (command == MenuCommand::exportScala && !mContents.commands.exportScala) return std::nullopt;
     if (const auto validated = validatedCommand(command)) {
         return CommandState{mContents.commands.validateMenuItem(*validated)};
@@ -87,9 +97,9 @@ std::optional<CommandState> EditorWindow::commandState(MenuCommand command) cons
     const EditHistory& history = mDocument.history();
     switch (command) {
     case MenuCommand::undo:
-        return titled(tr("&Undo"), history.undoName(), history.canUndo());
+        return historyState(tr("&Undo"), tr("&Undo %1"), history.undoName(), history.canUndo());
     case MenuCommand::redo:
-        return titled(tr("&Redo"), history.redoName(), history.canRedo());
+        return historyState(tr("&Redo"), tr("&Redo %1"), history.redoName(), history.canRedo());
     case MenuCommand::closeWindow:
     case MenuCommand::saveAs:
     case MenuCommand::saveTo:

@@ -4,7 +4,6 @@
 
 #include "platform/desktop/TextFile.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <utility>
 
@@ -16,16 +15,12 @@ std::string fileNameOf(std::string_view path) {
     return std::string(path.substr(path.rfind('/') + 1)); // npos + 1 is 0
 }
 
-/// A text in the user's language; "%1" is @p name.
-std::string text(const char* english, const std::string& name) {
-    return QCoreApplication::translate("Document", english)
-        .arg(QString::fromStdString(name))
-        .toStdString();
+/// @p translated with @p name for "%1".
+std::string text(const QString& translated, const std::string& name) {
+    return translated.arg(QString::fromStdString(name)).toStdString();
 }
 
-std::string text(const char* english) {
-    return QCoreApplication::translate("Document", english).toStdString();
-}
+std::string text(const QString& translated) { return translated.toStdString(); }
 
 } // namespace
 
@@ -108,23 +103,24 @@ bool Document::saveDocument() {
 
 bool Document::saveDocumentAs() {
     if (!mayWriteWhatReadsBackOtherwise()) return false;
-    const std::optional<std::string> path = askForPath(text("Save As"));
+    const std::optional<std::string> path = askForPath(text(tr("Save As")));
     return path && saveToFile(*path, SaveOperation::saveAs);
 }
 
 bool Document::saveDocumentTo() {
     if (!mayWriteWhatReadsBackOtherwise()) return false;
-    const std::optional<std::string> path = askForPath(text("Save a Copy"));
+    const std::optional<std::string> path = askForPath(text(tr("Save a Copy")));
     return path && saveToFile(*path, SaveOperation::saveTo);
 }
 
 bool Document::mayWriteWhatReadsBackOtherwise() {
     if (readsBack(dataRepresentationOfType(mFileType.name))) return true;
     return mServices.panels.confirm(
-        text("“%1” would not read back as it is now.", displayName()),
-        text("Some of its values or texts cannot be kept in a file of this kind: the file would be "
-             "refused or give other values when it is opened again."),
-        text("Save Anyway"));
+        text(tr("“%1” would not read back as it is now."), displayName()),
+        text(tr(
+            "Some of its values or texts cannot be kept in a file of this kind: the file would be "
+            "refused or give other values when it is opened again.")),
+        text(tr("Save Anyway")));
 }
 
 bool Document::mayReplaceFile() {
@@ -132,12 +128,13 @@ bool Document::mayReplaceFile() {
     if (now == mFileStamp) return true;
     if (!now.exists) {
         return mServices.panels.confirm(
-            text("The file of “%1” was moved or deleted since it was opened.", displayName()),
-            text("Saving makes it anew at %1.", mPath), text("Save Anyway"));
+            text(tr("The file of “%1” was moved or deleted since it was opened."), displayName()),
+            text(tr("Saving makes it anew at %1."), mPath), text(tr("Save Anyway")));
     }
     return mServices.panels.confirm(
-        text("The file of “%1” was changed by another program since it was opened.", displayName()),
-        text("Saving replaces those changes by yours."), text("Save Anyway"));
+        text(tr("The file of “%1” was changed by another program since it was opened."),
+             displayName()),
+        text(tr("Saving replaces those changes by yours.")), text(tr("Save Anyway")));
 }
 
 std::optional<std::string> Document::askForPath(std::string_view title) {
@@ -159,8 +156,9 @@ std::optional<std::string> Document::askForPath(const SavePanel& panel) {
     *path += "." + panel.type.extension;
     // The panel asked about the name as it was typed.
     if (FileStamp::of(*path).exists &&
-        !mServices.panels.confirm(text("“%1” is already there.", fileNameOf(*path)),
-                                  text("Replacing it discards what it holds."), text("Replace")))
+        !mServices.panels.confirm(text(tr("“%1” is already there."), fileNameOf(*path)),
+                                  text(tr("Replacing it discards what it holds.")),
+                                  text(tr("Replace"))))
         return std::nullopt;
     return path;
 }
@@ -186,7 +184,7 @@ bool Document::writeToFile(const std::string& path, std::string_view typeName, c
     const std::optional<std::string> error =
         writeFileAtomically(path, dataRepresentationOfType(typeName));
     if (!error) return true;
-    mServices.panels.alert(text("“%1” could not be saved.", fileNameOf(path)),
+    mServices.panels.alert(text(tr("“%1” could not be saved."), fileNameOf(path)),
                            path + ": " + *error);
     return false;
 }
@@ -194,15 +192,16 @@ bool Document::writeToFile(const std::string& path, std::string_view typeName, c
 bool Document::revertDocumentToSaved() {
     if (mPath.empty() ||
         !mServices.panels.confirm(
-            text("Do you want to revert to the saved version of “%1”?", displayName()),
-            text("Your changes will be lost."), text("Revert")))
+            text(tr("Do you want to revert to the saved version of “%1”?"), displayName()),
+            text(tr("Your changes will be lost.")), text(tr("Revert"))))
         return false;
     // A file that is refused half-way must not leave half of its values.
     const std::function<void()> restoreState = stateRestorer();
     if (reload()) return true;
     restoreState();
-    mServices.panels.alert(text("“%1” could not be read.", displayName()),
-                           text("It is no longer there, or it is damaged. Your changes are kept."));
+    mServices.panels.alert(
+        text(tr("“%1” could not be read."), displayName()),
+        text(tr("It is no longer there, or it is damaged. Your changes are kept.")));
     return false;
 }
 

@@ -7,6 +7,7 @@
 #include "platform/desktop/EditHistory.h"
 #include "platform/foundation/Log.h"
 
+#include <QCoreApplication>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -33,6 +34,8 @@ struct DocumentServices {
 ///
 /// Saving is atomic: the file on disk is always the whole old or the whole new one.
 class Document {
+    Q_DECLARE_TR_FUNCTIONS(veltrano::Document)
+
 public:
     enum class ChangeKind { done = 0, undone = 1, cleared = 2 };
     enum class SaveOperation { save = 0, saveAs = 1, saveTo = 2 };

@@ -4,7 +4,6 @@
 
 #include "platform/foundation/UserDefaults.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStringList>
 #include <QUrl>
@@ -20,12 +19,6 @@ constexpr std::size_t kMostRecent = 10;
 
 QString fromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-std::string text(const char* english, std::string_view name = {}) {
-    return QCoreApplication::translate("DocumentController", english)
-        .replace(QStringLiteral("%1"), fromUtf8(name))
-        .toStdString();
 }
 
 /// One path for all the ways to write it; a file that is not there has none.
@@ -57,7 +50,7 @@ const DocumentKind* DocumentController::kindOfType(std::string_view typeName) co
 }
 
 std::string DocumentController::freeUntitledName() const {
-    const std::string first = text("Untitled");
+    const std::string first = tr("Untitled").toStdString();
     for (int number = 1;; ++number) {
         const std::string name = number == 1 ? first : first + " " + std::to_string(number);
         if (std::ranges::none_of(mDocuments, [&name](const auto& document) {
@@ -95,7 +88,9 @@ Document* DocumentController::openDocumentWithContentsOfFile(std::string_view pa
     }
     const DocumentKind* kind = kindOfPath(path);
     if (!kind) {
-        refuse(path, text("Its name does not end as those of the known kinds of documents do."));
+        refuse(
+            path,
+            tr("Its name does not end as those of the known kinds of documents do.").toStdString());
         return nullptr;
     }
     if (!kind->make) {
@@ -121,15 +116,15 @@ Document* DocumentController::openDocumentWithContentsOfFile(std::string_view pa
 
 void DocumentController::refuse(std::string_view path, const std::string& reason) {
     if (!FileStamp::of(std::string(path)).exists) forgetRecentPath(path);
-    const std::string name = QFileInfo(fromUtf8(path)).fileName().toStdString();
+    const QString name = QFileInfo(fromUtf8(path)).fileName();
     std::string message(path);
     if (!reason.empty()) message += "\n" + reason;
-    mServices.panels.alert(text("“%1” could not be opened.", name), message);
+    mServices.panels.alert(tr("“%1” could not be opened.").arg(name).toStdString(), message);
 }
 
 void DocumentController::openDocument() {
     OpenPanel panel;
-    panel.title = text("Open");
+    panel.title = tr("Open").toStdString();
     for (const DocumentKind& kind : mKinds)
         panel.types.push_back(kind.type);
     panel.allowsSeveral = true;

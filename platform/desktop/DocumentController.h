@@ -4,6 +4,7 @@
 
 #include "platform/desktop/Document.h"
 
+#include <QCoreApplication>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,6 +27,8 @@ struct DocumentKind {
 
 /// Opens, keeps and closes documents. Thread: main. Owns: the documents.
 class DocumentController {
+    Q_DECLARE_TR_FUNCTIONS(veltrano::DocumentController)
+
 public:
     /// @param defaults where the recent files are kept; outlives this
     /// @param takeReason what was logged since it was last asked, for an alert; may be empty

@@ -86,8 +86,9 @@ private:
 void nameScrollBars(const QWidget& widget) {
     for (QScrollBar* bar : widget.findChildren<QScrollBar*>()) {
         const bool isVertical = bar->orientation() == Qt::Vertical;
-        bar->setAccessibleName(QCoreApplication::translate(
-            "veltrano", isVertical ? "Vertical scroll bar" : "Horizontal scroll bar"));
+        bar->setAccessibleName(
+            isVertical ? QCoreApplication::translate("InterfaceFile", "Vertical scroll bar")
+                       : QCoreApplication::translate("InterfaceFile", "Horizontal scroll bar"));
     }
 }
 

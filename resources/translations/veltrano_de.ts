@@ -2,925 +2,1061 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>EditHistory</name>
+    <message>
+        <source>Typing</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
     <name>Help</name>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>&amp;Contents</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Inhalt</translation>
     </message>
     <message>
         <source>The first page, with links to all others (F1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Die erste Seite mit Verweisen auf alle anderen (F1)</translation>
     </message>
     <message>
         <source>&amp;Back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zurück</translation>
     </message>
     <message>
         <source>The page that was shown before (Alt+Left)</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite, die zuvor gezeigt wurde (Alt+Links)</translation>
     </message>
     <message>
         <source>&amp;Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vor</translation>
     </message>
     <message>
         <source>The page from which you went back (Alt+Right)</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seite, von der Sie zurückgegangen sind (Alt+Rechts)</translation>
     </message>
     <message>
         <source>Fi&amp;nd:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suchen:</translation>
     </message>
     <message>
         <source>Find</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Enter looks for the text in all pages of the manual, F3 for its next place</source>
-        <translation type="unfinished"></translation>
+        <translation>Return sucht den Text auf allen Seiten der Hilfe, F3 geht zur nächsten Stelle</translation>
     </message>
     <message>
         <source>Looks for the text in all pages (Ctrl+F; F3 the next place)</source>
-        <translation type="unfinished"></translation>
+        <translation>Sucht den Text auf allen Seiten (Strg+F; F3 zur nächsten Stelle)</translation>
     </message>
 </context>
 <context>
     <name>HilbertWindow</name>
     <message>
         <source>Hilbert Scope</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilbert-Oszilloskop</translation>
+    </message>
+</context>
+<context>
+    <name>InterfaceFile</name>
+    <message>
+        <source>Vertical scroll bar</source>
+        <translation>Senkrechte Bildlaufleiste</translation>
+    </message>
+    <message>
+        <source>Horizontal scroll bar</source>
+        <translation>Waagrechte Bildlaufleiste</translation>
     </message>
 </context>
 <context>
     <name>Menu</name>
     <message>
         <source>&amp;New Temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neue Temperierung</translation>
     </message>
     <message>
         <source>New Stretc&amp;h</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue S&amp;preizung</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen…</translation>
     </message>
     <message>
         <source>Open Recen&amp;t</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>&amp;Import…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Importieren…</translation>
     </message>
     <message>
         <source>&amp;Export…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Exportieren…</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;chließen</translation>
     </message>
     <message>
         <source>&amp;Save</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern</translation>
     </message>
     <message>
         <source>Save &amp;As…</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern &amp;unter…</translation>
     </message>
     <message>
         <source>Save a Cop&amp;y…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopie speichern…</translation>
     </message>
     <message>
         <source>Revert to Save&amp;d</source>
-        <translation type="unfinished"></translation>
+        <translation>Zur gespeicherten &amp;Version zurückkehren</translation>
     </message>
     <message>
         <source>Page Set&amp;up…</source>
-        <translation type="unfinished"></translation>
+        <translation>Seite ein&amp;richten…</translation>
     </message>
     <message>
         <source>Print Pre&amp;view…</source>
-        <translation type="unfinished"></translation>
+        <translation>Druckv&amp;orschau…</translation>
     </message>
     <message>
         <source>&amp;Print…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Drucken…</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausschneiden</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>&amp;Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einfügen</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle&amp;s auswählen</translation>
     </message>
     <message>
         <source>Pr&amp;eferences…</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;instellungen…</translation>
     </message>
     <message>
         <source>&amp;Manual Mode</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Manueller Modus</translation>
     </message>
     <message>
         <source>Note &amp;Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste nach &amp;oben</translation>
     </message>
     <message>
         <source>Note &amp;Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste nach &amp;unten</translation>
     </message>
     <message>
         <source>&amp;Octave Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Oktave nach o&amp;ben</translation>
     </message>
     <message>
         <source>O&amp;ctave Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Oktave nach u&amp;nten</translation>
     </message>
     <message>
         <source>Sound &amp;Back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vergleichston</translation>
     </message>
     <message>
         <source>&amp;Play</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sollton spielen</translation>
     </message>
     <message>
         <source>&amp;Sound Settings…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Klangeinstellungen…</translation>
     </message>
     <message>
         <source>&amp;Tuner</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Stimmgerät</translation>
     </message>
     <message>
         <source>Show &amp;Partials</source>
-        <translation type="unfinished"></translation>
+        <translation>Show &amp;Partials</translation>
     </message>
     <message>
         <source>Show &amp;Hilbert Scope</source>
-        <translation type="unfinished"></translation>
+        <translation>Show &amp;Hilbert Scope</translation>
     </message>
     <message>
         <source>Piano &amp;Keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Klaviatur</translation>
     </message>
     <message>
         <source>H&amp;old Partials</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Teiltöne halten</translation>
     </message>
     <message>
         <source>Scope with &amp;Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Oszilloskop mit &amp;Linie</translation>
     </message>
     <message>
         <source>Scope with &amp;Dots</source>
-        <translation type="unfinished"></translation>
+        <translation>Oszilloskop mit P&amp;unkten</translation>
     </message>
     <message>
         <source>Scope D&amp;ecays</source>
-        <translation type="unfinished"></translation>
+        <translation>Oszilloskop klingt &amp;ab</translation>
     </message>
     <message>
         <source>Scope &amp;Grid</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gitter des Oszilloskops</translation>
     </message>
     <message>
         <source>&amp;Reduce Motion</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bewegung verringern</translation>
     </message>
     <message>
         <source>&amp;Full Screen</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vollbild</translation>
     </message>
     <message>
         <source>Speak &amp;Status</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Messung ansagen</translation>
     </message>
     <message>
         <source>Speak &amp;Details</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einzelheiten ansagen</translation>
     </message>
     <message>
         <source>Speak &amp;Tune</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Stimmung ansagen</translation>
     </message>
     <message>
         <source>Speak &amp;Hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hertz ansagen</translation>
     </message>
     <message>
         <source>&amp;Minimise</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Minimieren</translation>
     </message>
     <message>
         <source>Veltrano &amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe zu Veltrano</translation>
     </message>
     <message>
         <source>&amp;Keyboard Shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tastenkürzel</translation>
     </message>
     <message>
         <source>&amp;Copy Diagnostics</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Diagnose kopieren</translation>
     </message>
     <message>
         <source>&amp;About Veltrano</source>
-        <translation type="unfinished"></translation>
+        <translation>Ü&amp;ber Veltrano</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;Speech</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;prache</translation>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Fenster</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
 </context>
 <context>
     <name>PartialsWindow</name>
     <message>
         <source>Partials</source>
-        <translation type="unfinished"></translation>
+        <translation>Teiltöne</translation>
     </message>
 </context>
 <context>
     <name>PianoWindow</name>
     <message>
         <source>Piano Keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Klaviatur</translation>
     </message>
 </context>
 <context>
     <name>QtDocumentPanels</name>
     <message>
         <source>All documents (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Dokumente (%1)</translation>
     </message>
     <message>
         <source>Do you want to save the changes made to “%1”?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Änderungen an „%1“ speichern?</translation>
     </message>
     <message>
         <source>Your changes will be lost if you don’t save them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Änderungen gehen verloren, wenn Sie sie nicht speichern.</translation>
     </message>
 </context>
 <context>
     <name>SoundSettings</name>
     <message>
         <source>The sound settings could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Klangeinstellungen konnten nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>No program for the sound settings was found on this desktop. Install one, such as pavucontrol, or choose the devices in the preferences.</source>
-        <translation type="unfinished"></translation>
+        <translation>In dieser Arbeitsumgebung wurde kein Programm für die Klangeinstellungen gefunden. Installieren Sie eines, etwa pavucontrol, oder wählen Sie die Geräte in den Einstellungen.</translation>
     </message>
 </context>
 <context>
     <name>StretchDocument</name>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>&amp;Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>B&amp;eschreibung:</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>Stretch offsets</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizung jeder Taste</translation>
     </message>
     <message>
         <source>Stretch across the keyboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizung über die Klaviatur</translation>
     </message>
 </context>
 <context>
     <name>TemperamentDocument</name>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>&amp;Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>B&amp;eschreibung:</translation>
     </message>
     <message>
         <source>Description</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>Temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperierung</translation>
     </message>
     <message>
         <source>Deviation from equal temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>Abweichung von gleichstufig</translation>
     </message>
 </context>
 <context>
     <name>TunerWindow</name>
     <message>
         <source>Key</source>
-        <translation type="unfinished"></translation>
+        <translation>Taste</translation>
     </message>
     <message>
         <source>Note</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>Accidental</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorzeichen</translation>
     </message>
     <message>
         <source>Octave</source>
-        <translation type="unfinished"></translation>
+        <translation>Oktave</translation>
     </message>
     <message>
         <source>Cents</source>
-        <translation type="unfinished"></translation>
+        <translation>Cent</translation>
     </message>
     <message>
         <source>cents</source>
-        <translation type="unfinished"></translation>
+        <translation>Cent</translation>
     </message>
     <message>
         <source>Strobe</source>
-        <translation type="unfinished"></translation>
+        <translation>Stroboskop</translation>
     </message>
     <message>
         <source>Lights</source>
-        <translation type="unfinished"></translation>
+        <translation>Leuchten</translation>
     </message>
     <message>
         <source>Flat</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu tief</translation>
     </message>
     <message>
         <source>In tune</source>
-        <translation type="unfinished"></translation>
+        <translation>Es stimmt</translation>
     </message>
     <message>
         <source>Sharp</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu hoch</translation>
     </message>
     <message>
         <source>Deviation</source>
-        <translation type="unfinished"></translation>
+        <translation>Abweichung</translation>
     </message>
     <message>
         <source>Frequency</source>
-        <translation type="unfinished"></translation>
+        <translation>Frequenz</translation>
     </message>
     <message>
         <source>Frequency in hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Frequenz in Hertz</translation>
     </message>
     <message>
         <source>Hz</source>
-        <translation type="unfinished"></translation>
+        <translation>Hz</translation>
     </message>
     <message>
         <source>Target</source>
-        <translation type="unfinished"></translation>
+        <translation>Sollwert</translation>
     </message>
     <message>
         <source>Target frequency in hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Sollwert in Hertz</translation>
     </message>
     <message>
         <source>Difference</source>
-        <translation type="unfinished"></translation>
+        <translation>Differenz</translation>
     </message>
     <message>
         <source>Difference in hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Differenz in Hertz</translation>
     </message>
     <message>
         <source>Stretch offset</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizung</translation>
     </message>
     <message>
         <source>Stretch offset in cents</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizung in Cent</translation>
     </message>
     <message>
         <source>Tuning</source>
-        <translation type="unfinished"></translation>
+        <translation>Stimmung</translation>
     </message>
     <message>
         <source>Reference pitch</source>
-        <translation type="unfinished"></translation>
+        <translation>Stimmton</translation>
     </message>
     <message>
         <source>Temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperierung</translation>
     </message>
     <message>
         <source>Stretch</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizungstabelle</translation>
     </message>
     <message>
         <source>Input</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingang</translation>
     </message>
     <message>
         <source>Input device</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabegerät</translation>
     </message>
     <message>
         <source>Level</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegel</translation>
     </message>
     <message>
         <source>Level light 1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 1</translation>
     </message>
     <message>
         <source>Level light 2</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 2</translation>
     </message>
     <message>
         <source>Level light 3</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 3</translation>
     </message>
     <message>
         <source>Level light 4</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 4</translation>
     </message>
     <message>
         <source>Level light 5</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 5</translation>
     </message>
     <message>
         <source>Level light 6</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 6</translation>
     </message>
     <message>
         <source>Level light 7</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 7</translation>
     </message>
     <message>
         <source>Level light 8</source>
-        <translation type="unfinished"></translation>
+        <translation>Pegelleuchte 8</translation>
     </message>
     <message>
         <source>Peak level</source>
-        <translation type="unfinished"></translation>
+        <translation>Spitzenpegel</translation>
     </message>
 </context>
 <context>
     <name>VeltranoPrefs</name>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>&amp;Tuning</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Stimmung</translation>
     </message>
     <message>
         <source>&amp;Reference pitch (A4):</source>
-        <translation type="unfinished"></translation>
+        <translation>Stimm&amp;ton (A4):</translation>
     </message>
     <message>
         <source>Reference pitch of A4 in hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Stimmton, Frequenz von A4 in Hertz</translation>
     </message>
     <message>
         <source>Te&amp;mperament:</source>
-        <translation type="unfinished"></translation>
+        <translation>T&amp;emperierung:</translation>
     </message>
     <message>
         <source>Temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>Temperierung</translation>
     </message>
     <message>
         <source>Root &amp;key:</source>
-        <translation type="unfinished"></translation>
+        <translation>Gr&amp;undton:</translation>
     </message>
     <message>
         <source>Root key of the temperament</source>
-        <translation type="unfinished"></translation>
+        <translation>Grundton der Temperierung</translation>
     </message>
     <message>
         <source>&amp;Stretch:</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;preizung:</translation>
     </message>
     <message>
         <source>Stretch table</source>
-        <translation type="unfinished"></translation>
+        <translation>Spreizungstabelle</translation>
     </message>
     <message>
         <source>&amp;In tune within:</source>
-        <translation type="unfinished"></translation>
+        <translation>To&amp;leranz:</translation>
     </message>
     <message>
         <source>In tune within</source>
-        <translation type="unfinished"></translation>
+        <translation>Toleranz</translation>
     </message>
     <message>
         <source>M&amp;anual Mode</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Manueller Modus</translation>
     </message>
     <message>
         <source>&amp;Manual mode: the tuner keeps to the note or pitch chosen here</source>
-        <translation type="unfinished"></translation>
+        <translation>M&amp;anueller Modus: Es gilt die hier gewählte Note oder Tonhöhe</translation>
     </message>
     <message>
         <source>&amp;Note:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Note:</translation>
     </message>
     <message>
         <source>Note</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>&amp;Octave:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Oktave:</translation>
     </message>
     <message>
         <source>Octave</source>
-        <translation type="unfinished"></translation>
+        <translation>Oktave</translation>
     </message>
     <message>
         <source>&amp;Pitch:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tonhöhe:</translation>
     </message>
     <message>
         <source>Pitch</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonhöhe</translation>
     </message>
     <message>
         <source>Pitch in hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonhöhe in Hertz</translation>
     </message>
     <message>
         <source>Sound &amp;Back</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vergleichston</translation>
     </message>
     <message>
         <source>&amp;Sound back: play the target of each new note</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Duration:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ve&amp;rgleichston: jeden neuen Sollton spielen</translation>
     </message>
     <message>
         <source>Duration of the tone</source>
-        <translation type="unfinished"></translation>
+        <translation>Dauer des Tons</translation>
     </message>
     <message>
         <source>Volume of the tone in percent</source>
-        <translation type="unfinished"></translation>
+        <translation>Lautstärke des Tons in Prozent</translation>
     </message>
     <message>
         <source>&amp;Waveform:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wellenform:</translation>
     </message>
     <message>
         <source>Waveform</source>
-        <translation type="unfinished"></translation>
+        <translation>Wellenform</translation>
     </message>
     <message>
         <source>&amp;Devices</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Geräte</translation>
     </message>
     <message>
         <source>&amp;Input:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Eingang:</translation>
     </message>
     <message>
         <source>Input device</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingabegerät</translation>
     </message>
     <message>
         <source>Input volume in percent</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingangslautstärke in Prozent</translation>
     </message>
     <message>
         <source>&amp;Output:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ausgang:</translation>
     </message>
     <message>
         <source>Output device</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgabegerät</translation>
     </message>
     <message>
         <source>Sound S&amp;ettings…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Klangeinstellungen…</translation>
     </message>
     <message>
         <source>&amp;Volume (%):</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Lautstärke (%):</translation>
     </message>
     <message>
         <source>Input &amp;volume (%):</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingangs&amp;lautstärke (%):</translation>
+    </message>
+    <message>
+        <source>D&amp;uration:</source>
+        <translation>&amp;Dauer:</translation>
     </message>
 </context>
 <context>
     <name>veltrano::Application</name>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Veltrano</translation>
     </message>
     <message>
         <source>&lt;h3&gt;Veltrano %1&lt;/h3&gt;&lt;p&gt;Tunes pianos by ear of the microphone.&lt;/p&gt;&lt;p&gt;Free software under the GNU General Public License, version 3 or later. It comes without any warranty.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;h3&gt;Veltrano %1&lt;/h3&gt;&lt;p&gt;Klaviere stimmen nach dem, was das Mikrofon hört.&lt;/p&gt;&lt;p&gt;Freie Software unter der GNU General Public License, Version 3 oder später. Ohne jede Gewähr.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
     <name>veltrano::ApplicationMenu</name>
     <message>
         <source>&amp;Clear Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste &amp;leeren</translation>
     </message>
     <message>
         <source>No &amp;Documents</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine &amp;Dokumente</translation>
     </message>
 </context>
 <context>
     <name>veltrano::CellTableModel</name>
     <message>
         <source>editable</source>
-        <translation type="unfinished"></translation>
+        <translation>änderbar</translation>
+    </message>
+</context>
+<context>
+    <name>veltrano::Document</name>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Save a Copy</source>
+        <translation>Kopie speichern</translation>
+    </message>
+    <message>
+        <source>“%1” would not read back as it is now.</source>
+        <translation>„%1“ ließe sich nicht so wieder lesen, wie es jetzt ist.</translation>
+    </message>
+    <message>
+        <source>Some of its values or texts cannot be kept in a file of this kind: the file would be refused or give other values when it is opened again.</source>
+        <translation>Einige Werte oder Texte passen nicht in eine Datei dieser Art: Beim nächsten Öffnen würde sie abgelehnt oder ergäbe andere Werte.</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Trotzdem speichern</translation>
+    </message>
+    <message>
+        <source>The file of “%1” was moved or deleted since it was opened.</source>
+        <translation>Die Datei von „%1“ wurde seit dem Öffnen verschoben oder gelöscht.</translation>
+    </message>
+    <message>
+        <source>Saving makes it anew at %1.</source>
+        <translation>Beim Speichern entsteht sie neu als %1.</translation>
+    </message>
+    <message>
+        <source>The file of “%1” was changed by another program since it was opened.</source>
+        <translation>Ein anderes Programm hat die Datei von „%1“ seit dem Öffnen geändert.</translation>
+    </message>
+    <message>
+        <source>Saving replaces those changes by yours.</source>
+        <translation>Beim Speichern ersetzen Ihre Änderungen die anderen.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>„%1“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>Replacing it discards what it holds.</source>
+        <translation>Beim Ersetzen geht verloren, was die Datei enthält.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>“%1” could not be saved.</source>
+        <translation>„%1“ konnte nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Do you want to revert to the saved version of “%1”?</source>
+        <translation>Möchten Sie zur gespeicherten Version von „%1“ zurückkehren?</translation>
+    </message>
+    <message>
+        <source>Your changes will be lost.</source>
+        <translation>Ihre Änderungen gehen verloren.</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Zurückkehren</translation>
+    </message>
+    <message>
+        <source>“%1” could not be read.</source>
+        <translation>„%1“ konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>It is no longer there, or it is damaged. Your changes are kept.</source>
+        <translation>Die Datei ist nicht mehr da oder beschädigt. Ihre Änderungen bleiben erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>veltrano::DocumentController</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>Its name does not end as those of the known kinds of documents do.</source>
+        <translation>Der Name endet nicht wie der eines Dokuments, das Veltrano kennt.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened.</source>
+        <translation>„%1“ konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
     </message>
 </context>
 <context>
     <name>veltrano::DotView</name>
     <message>
         <source>off</source>
-        <translation type="unfinished"></translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>on</source>
-        <translation type="unfinished"></translation>
+        <translation>an</translation>
     </message>
 </context>
 <context>
     <name>veltrano::EditorWindow</name>
     <message>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückgängig</translation>
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
 </context>
 <context>
     <name>veltrano::GraphView</name>
     <message>
         <source>all %1 cents</source>
-        <translation type="unfinished"></translation>
+        <translation>überall %1 Cent</translation>
     </message>
     <message>
         <source>lowest %1 %2 cents, highest %3 %4 cents</source>
-        <translation type="unfinished"></translation>
+        <translation>am tiefsten %1 mit %2 Cent, am höchsten %3 mit %4 Cent</translation>
     </message>
 </context>
 <context>
     <name>veltrano::HelpNavigation</name>
     <message>
         <source>Caret on</source>
-        <translation type="unfinished"></translation>
+        <translation>Schreibmarke ein</translation>
     </message>
     <message>
         <source>Caret off</source>
-        <translation type="unfinished"></translation>
+        <translation>Schreibmarke aus</translation>
     </message>
     <message>
         <source>On another page</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf einer anderen Seite</translation>
     </message>
     <message>
         <source>From the other end</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom anderen Ende aus</translation>
     </message>
     <message>
         <source>Not found</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gefunden</translation>
     </message>
 </context>
 <context>
     <name>veltrano::HelpPanel</name>
     <message>
         <source>The pages of the manual are missing. They belong into this folder:</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Seiten der Hilfe fehlen. Sie gehören in diesen Ordner:</translation>
     </message>
 </context>
 <context>
     <name>veltrano::HilbertView</name>
     <message>
         <source>signal</source>
-        <translation type="unfinished"></translation>
+        <translation>Signal</translation>
     </message>
     <message>
         <source>no signal</source>
-        <translation type="unfinished"></translation>
+        <translation>kein Signal</translation>
     </message>
 </context>
 <context>
     <name>veltrano::IdleInhibitor</name>
     <message>
         <source>Listening to a piano</source>
-        <translation type="unfinished"></translation>
+        <translation>Hört einem Klavier zu</translation>
     </message>
 </context>
 <context>
     <name>veltrano::InTuneDotView</name>
     <message>
         <source>yes</source>
-        <translation type="unfinished"></translation>
+        <translation>ja</translation>
     </message>
     <message>
         <source>no</source>
-        <translation type="unfinished"></translation>
+        <translation>nein</translation>
     </message>
 </context>
 <context>
     <name>veltrano::LevelDotView</name>
     <message>
         <source>peak</source>
-        <translation type="unfinished"></translation>
+        <translation>Spitzenwert</translation>
     </message>
     <message>
         <source>overload</source>
-        <translation type="unfinished"></translation>
+        <translation>Vollaussteuerung</translation>
     </message>
     <message>
         <source>on</source>
-        <translation type="unfinished"></translation>
+        <translation>an</translation>
     </message>
 </context>
 <context>
     <name>veltrano::PianoView</name>
     <message>
         <source>no key</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Taste</translation>
     </message>
 </context>
 <context>
     <name>veltrano::PreferencesPanel</name>
     <message>
         <source>Sine</source>
-        <translation type="unfinished"></translation>
+        <translation>Sinus</translation>
     </message>
     <message>
         <source>Triangle</source>
-        <translation type="unfinished"></translation>
+        <translation>Dreieck</translation>
     </message>
     <message>
         <source>Sawtooth</source>
-        <translation type="unfinished"></translation>
+        <translation>Sägezahn</translation>
     </message>
     <message>
         <source>Square</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechteck</translation>
     </message>
 </context>
 <context>
     <name>veltrano::ReadoutGroup</name>
     <message>
         <source>%1 of %2 lights</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Leuchten</translation>
     </message>
     <message>
         <source>off</source>
-        <translation type="unfinished"></translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>sharp</source>
-        <translation type="unfinished"></translation>
+        <translation>Kreuz</translation>
     </message>
     <message>
         <source>flat</source>
-        <translation type="unfinished"></translation>
+        <translation>Be</translation>
     </message>
 </context>
 <context>
     <name>veltrano::StretchEditor</name>
     <message>
         <source>Note</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>Octave %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Oktave %1</translation>
     </message>
     <message>
         <source>%1%2: %3 cents</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%2: %3 Cent</translation>
     </message>
 </context>
 <context>
     <name>veltrano::StrobeView</name>
     <message>
         <source>signal</source>
-        <translation type="unfinished"></translation>
+        <translation>Signal</translation>
     </message>
     <message>
         <source>no signal</source>
-        <translation type="unfinished"></translation>
+        <translation>kein Signal</translation>
     </message>
 </context>
 <context>
     <name>veltrano::TemperamentEditor</name>
     <message>
         <source>Note</source>
-        <translation type="unfinished"></translation>
+        <translation>Note</translation>
     </message>
     <message>
         <source>Cent</source>
-        <translation type="unfinished"></translation>
+        <translation>Cent</translation>
     </message>
     <message>
         <source>Ratio</source>
-        <translation type="unfinished"></translation>
+        <translation>Verhältnis</translation>
     </message>
     <message>
         <source>Hertz</source>
-        <translation type="unfinished"></translation>
+        <translation>Hertz</translation>
     </message>
     <message>
         <source>A is what the others are measured against.</source>
-        <translation type="unfinished"></translation>
+        <translation>A ist der Bezug für die anderen.</translation>
     </message>
 </context>
 <context>
     <name>veltrano::TuningMeterView</name>
     <message>
         <source>off</source>
-        <translation type="unfinished"></translation>
+        <translation>aus</translation>
     </message>
     <message>
         <source>%1 cents</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Cent</translation>
     </message>
 </context>
 </TS>

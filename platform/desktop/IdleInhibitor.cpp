@@ -59,9 +59,9 @@ void IdleInhibitor::askPortal() {
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusObjectPath> reply = *answer;
-        if (reply.isError()) return askScreenSaver();
-        mRequest = reply.value().path();
+        if (reply.isError() && mInhibits) return askScreenSaver();
         mIsAsking = false;
+        if (!reply.isError()) mRequest = reply.value().path();
         if (!mInhibits) withdraw(); // changed meanwhile
     });
 }

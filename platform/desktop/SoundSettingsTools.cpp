@@ -16,6 +16,9 @@ struct Row {
 
 const std::vector<Row>& rows() {
     static const std::vector<Row> kRows{
+        {"", {"pavucontrol", {"--tab=4"}}}, // the page of input devices
+        {"", {"pavucontrol-qt", {"--tab=4"}}},
+        {"", {"pwvucontrol", {}}},
         {"gnome", {"gnome-control-center", {"sound"}}},
         {"unity", {"unity-control-center", {"sound"}}},
         {"budgie", {"budgie-control-center", {"sound"}}},
@@ -24,14 +27,11 @@ const std::vector<Row>& rows() {
         {"kde", {"kcmshell6", {"kcm_pulseaudio"}}},
         {"kde", {"kcmshell5", {"kcm_pulseaudio"}}},
         {"xfce", {"xfce4-mixer", {}}},
-        {"xfce", {"pavucontrol", {"--tab=4"}}}, // its page of input devices
+        {"xfce", {"pavucontrol", {"--tab=4"}}},
         {"mate", {"mate-volume-control", {"--page=input"}}},
         {"x-cinnamon", {"cinnamon-settings", {"sound"}}},
         {"lxqt", {"pavucontrol-qt", {"--tab=4"}}},
         {"deepin", {"dde-control-center", {"-p", "sound"}}},
-        {"", {"pavucontrol", {"--tab=4"}}},
-        {"", {"pavucontrol-qt", {"--tab=4"}}},
-        {"", {"pwvucontrol", {}}},
     };
     return kRows;
 }
@@ -44,21 +44,23 @@ std::string lowered(std::string_view text) {
     return lower;
 }
 
-bool isNamedIn(std::string_view desktop, const std::string& current) {
-    if (desktop.empty()) return false;
-    const std::string wanted = ':' + std::string(desktop) + ':';
-    return (':' + current + ':').find(wanted) != std::string::npos;
+/// How soon a row's turn comes: with the desktop's names, which are in the order of their weight.
+std::size_t turnOf(const Row& row, const std::string& current) {
+    if (row.desktop.empty()) return current.size() + 2; // after the last name
+    const std::size_t at = (':' + current + ':').find(':' + std::string(row.desktop) + ':');
+    return at == std::string::npos ? current.size() + 3 : at;
 }
 
 } // namespace
 
 std::vector<SoundSettingsTool> soundSettingsTools(std::string_view currentDesktop) {
     const std::string current = lowered(currentDesktop);
-    std::vector<SoundSettingsTool> own, others;
-    for (const Row& row : rows())
-        (isNamedIn(row.desktop, current) ? own : others).push_back(row.tool);
-    own.insert(own.end(), others.begin(), others.end());
-    return own;
+    std::vector<Row> sorted = rows();
+    std::ranges::stable_sort(sorted, {}, [&](const Row& row) { return turnOf(row, current); });
+    std::vector<SoundSettingsTool> tools;
+    for (const Row& row : sorted)
+        tools.push_back(row.tool);
+    return tools;
 }
 
 } // namespace veltrano

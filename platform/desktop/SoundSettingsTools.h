@@ -14,8 +14,9 @@ struct SoundSettingsTool {
     std::vector<std::string> arguments;
 };
 
-/// All that are known, those of the running desktop first, then those of other desktops, then
-/// mixers that belong to none. Where a program can, it opens at its sound page.
+/// All that are known, those of the running desktop first, then mixers that belong to none, then
+/// those of other desktops: some of them start and show nothing where they do not belong. Where a
+/// program can, it opens at its sound page.
 /// @param currentDesktop names separated by colons, as in XDG_CURRENT_DESKTOP, in any case
 std::vector<SoundSettingsTool> soundSettingsTools(std::string_view currentDesktop);
 

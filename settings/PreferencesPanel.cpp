@@ -65,6 +65,7 @@ void PreferencesPanel::showPanel() {
         if (!load()) return;
         mDisplay->updateUI();
     }
+    mPrefsPanel->setWindowState(mPrefsPanel->windowState() & ~Qt::WindowMinimized);
     mPrefsPanel->show();
     mPrefsPanel->raise();
     mPrefsPanel->activateWindow();
@@ -123,58 +124,58 @@ void PreferencesPanel::awakeFromNib() {
 
 void PreferencesPanel::connectTuning() {
     PreferencesActions& actions = *mActions;
-    QObject::connect(mWidgets->mReferencePitchText, &QDoubleSpinBox::valueChanged,
+    QObject::connect(mWidgets->mReferencePitchText, &QDoubleSpinBox::valueChanged, &mReceiver,
                      [&actions](double hz) { actions.referencePitchChanged(hz); });
-    QObject::connect(mWidgets->mTuningPopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mTuningPopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.tuningPopUpChanged(index); });
-    QObject::connect(mWidgets->mTonicPopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mTonicPopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.tonicPopUpChanged(index); });
-    QObject::connect(mWidgets->mStretchPopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mStretchPopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.stretchPopUpChanged(index); });
-    QObject::connect(mWidgets->mInTuneThresholdSlider, &QSlider::valueChanged,
+    QObject::connect(mWidgets->mInTuneThresholdSlider, &QSlider::valueChanged, &mReceiver,
                      [&actions](int cents) { actions.inTuneThresholdSliderChanged(cents); });
 }
 
 void PreferencesPanel::connectManualMode() {
     PreferencesActions& actions = *mActions;
-    QObject::connect(mWidgets->mManualModeCheckbox, &QCheckBox::clicked,
+    QObject::connect(mWidgets->mManualModeCheckbox, &QCheckBox::clicked, &mReceiver,
                      [&actions](bool on) { actions.manualModeCheckboxChanged(on); });
-    QObject::connect(&mWidgets->mNotePitchRadioButton, &QButtonGroup::idClicked,
+    QObject::connect(&mWidgets->mNotePitchRadioButton, &QButtonGroup::idClicked, &mReceiver,
                      [&actions](int row) { actions.notePitchRadioButtonChanged(row); });
     const auto noteOrOctave = [this](int) {
         mActions->noteOctavePopUpChanged(mWidgets->mNotePopUpButton->currentIndex(),
                                          mWidgets->mOctavePopUpButton->currentIndex());
     };
-    QObject::connect(mWidgets->mNotePopUpButton, &QComboBox::activated, noteOrOctave);
-    QObject::connect(mWidgets->mOctavePopUpButton, &QComboBox::activated, noteOrOctave);
-    QObject::connect(mWidgets->mPitchText, &QDoubleSpinBox::valueChanged,
+    QObject::connect(mWidgets->mNotePopUpButton, &QComboBox::activated, &mReceiver, noteOrOctave);
+    QObject::connect(mWidgets->mOctavePopUpButton, &QComboBox::activated, &mReceiver, noteOrOctave);
+    QObject::connect(mWidgets->mPitchText, &QDoubleSpinBox::valueChanged, &mReceiver,
                      [&actions](double hz) { actions.pitchTextChanged(hz); });
 }
 
 void PreferencesPanel::connectSoundBack() {
     PreferencesActions& actions = *mActions;
-    QObject::connect(mWidgets->mSoundBackCheckbox, &QCheckBox::clicked,
+    QObject::connect(mWidgets->mSoundBackCheckbox, &QCheckBox::clicked, &mReceiver,
                      [&actions](bool on) { actions.soundBackCheckboxChanged(on); });
-    QObject::connect(mWidgets->mSoundBackDurationSlider, &QSlider::valueChanged,
+    QObject::connect(mWidgets->mSoundBackDurationSlider, &QSlider::valueChanged, &mReceiver,
                      [&actions](int steps) {
                          actions.soundBackDurationSliderChanged(static_cast<float>(steps) /
                                                                 PanelWidgets::kDurationSteps);
                      });
-    QObject::connect(mWidgets->mSoundBackVolumeSlider, &QSlider::valueChanged,
+    QObject::connect(mWidgets->mSoundBackVolumeSlider, &QSlider::valueChanged, &mReceiver,
                      [&actions](int percent) { actions.soundBackVolumeSliderChanged(percent); });
-    QObject::connect(mWidgets->mSoundBackWaveformPopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mSoundBackWaveformPopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.soundBackWaveformPopUpChanged(index); });
 }
 
 void PreferencesPanel::connectDevices() {
     PreferencesActions& actions = *mActions;
-    QObject::connect(mWidgets->mOutputDevicePopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mOutputDevicePopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.outputDevicePopupChanged(index); });
-    QObject::connect(mWidgets->mInputDevicePopUpButton, &QComboBox::activated,
+    QObject::connect(mWidgets->mInputDevicePopUpButton, &QComboBox::activated, &mReceiver,
                      [&actions](int index) { actions.inputDevicePopupChanged(index); });
-    QObject::connect(mWidgets->mInputVolumeSlider, &QSlider::valueChanged,
+    QObject::connect(mWidgets->mInputVolumeSlider, &QSlider::valueChanged, &mReceiver,
                      [&actions](int percent) { actions.inputVolumeSliderChanged(percent); });
-    QObject::connect(mWidgets->soundSettingsButton, &QPushButton::clicked, [this] {
+    QObject::connect(mWidgets->soundSettingsButton, &QPushButton::clicked, &mReceiver, [this] {
         if (mPorts.openSoundSettings) mPorts.openSoundSettings();
     });
 }

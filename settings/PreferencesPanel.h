@@ -9,6 +9,7 @@
 #include "settings/PreferencesDisplay.h"
 
 #include <QCoreApplication>
+#include <QObject>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -62,6 +63,9 @@ private:
     std::unique_ptr<PanelWidgets> mWidgets; ///< null until the window was loaded
     std::unique_ptr<PreferencesDisplay> mDisplay;
     std::unique_ptr<PreferencesActions> mActions;
+    /// Hears the controls. It goes first: a number that is being typed is announced by its field
+    /// when the window goes.
+    QObject mReceiver;
 };
 
 } // namespace veltrano

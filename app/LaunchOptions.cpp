@@ -42,6 +42,20 @@ void declare(QCommandLineParser& parser) {
         {kSettings, QStringLiteral("Uses another settings file."), QStringLiteral("FILE")});
 }
 
+/// The parser would name the program as it was called, and not at all before the application
+/// exists.
+std::string helpText(const QCommandLineParser& parser) {
+    const QString text = parser.helpText().trimmed();
+    return "Usage: veltrano [options] [FILE...]" + text.mid(text.indexOf(u'\n')).toStdString();
+}
+
+/// A session manager that brings the program back adds "-session ID", which is for QApplication.
+QStringList withoutSession(QStringList arguments) {
+    const auto at = arguments.indexOf(QStringLiteral("-session"));
+    if (at > 0 && at + 1 < arguments.size()) arguments.remove(at, 2);
+    return arguments;
+}
+
 Launch refused(const QString& reason) {
     Launch launch;
     launch.exitCode = kWrongUsage;
@@ -83,14 +97,14 @@ QString readSnapshot(const QCommandLineParser& parser, LaunchOptions& options) {
 Launch readLaunch(const QStringList& arguments) {
     QCommandLineParser parser;
     declare(parser);
-    const bool isParsed = parser.parse(arguments);
+    const bool isParsed = parser.parse(withoutSession(arguments));
     Launch launch;
     if (parser.isSet(QStringLiteral("version"))) {
         launch.output = "veltrano " VELTRANO_VERSION;
         return launch;
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        launch.output = parser.helpText().trimmed().toStdString();
+        launch.output = helpText(parser);
         return launch;
     }
     if (!isParsed)

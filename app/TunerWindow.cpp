@@ -138,8 +138,8 @@ void TunerWindow::setStrobeData(FrameRef frame) {
 
 void TunerWindow::setReducesMotion(bool reduces) {
     if (reduces) { // no picture of a moment stays behind
-        setStrobePeak(0);
-        setScopePeak(0);
+        setStrobeData(nullptr);
+        setScopeData(nullptr);
     }
     mReducesMotion = reduces;
 }

@@ -38,7 +38,8 @@ protected:
         : menu(*new ApplicationMenu(window, {&first, &second},
                                     {[this] { return recent; },
                                      [this](const std::string& path) { opened = path; },
-                                     [this] { recent.clear(); }})) {}
+                                     [this] { recent.clear(); }},
+                                    {[this] { return documents; }})) {}
 
     QMenu* menuTitled(const char* title) {
         for (QAction* action : window.menuBar()->actions()) {
@@ -47,8 +48,20 @@ protected:
         return nullptr;
     }
 
+    /// The last items of the Window menu as it opens.
+    QList<QAction*> listedDocuments() {
+        QMenu& windows = *menuTitled("&Window");
+        emit windows.aboutToShow();
+        const QList<QAction*> actions = windows.actions();
+        qsizetype at = 0;
+        for (qsizetype i = 0; i < actions.size(); ++i)
+            if (actions[i]->isSeparator()) at = i + 1;
+        return actions.mid(at);
+    }
+
     QMainWindow window;
     RecordingHandler first, second;
+    std::vector<DocumentList::Entry> documents;
     std::vector<std::string> recent;
     std::string opened;
     ApplicationMenu& menu; // owned by the window
@@ -148,6 +161,48 @@ TEST_F(ApplicationMenuTest, RecentFilesAreListedOpenedAndForgotten) {
     emit list->aboutToShow();
     ASSERT_EQ(list->actions().size(), 1);
     EXPECT_FALSE(list->actions()[0]->isEnabled());
+}
+
+TEST_F(ApplicationMenuTest, DocumentsAreListedUnderTheirTitles) {
+    QStringList shown;
+    const auto entry = [&](const char* title, bool isActive) {
+        return DocumentList::Entry{title, isActive, [&shown, title] { shown.append(title); }};
+    };
+    documents = {entry("Rock & Roll.temperament*", false), entry("Grand.stretch", true)};
+    auto actions = listedDocuments();
+    ASSERT_EQ(actions.size(), 2);
+    EXPECT_EQ(actions[0]->text(), "&1 Rock && Roll.temperament*");
+    EXPECT_EQ(actions[1]->text(), "&2 Grand.stretch");
+    EXPECT_FALSE(actions[0]->isChecked());
+    EXPECT_TRUE(actions[1]->isChecked()) << "the active window";
+    actions[0]->trigger();
+    EXPECT_EQ(shown, QStringList{"Rock & Roll.temperament*"});
+
+    documents = {entry("Untitled", false)};
+    actions = listedDocuments();
+    ASSERT_EQ(actions.size(), 1) << "listed anew";
+    EXPECT_EQ(actions[0]->text(), "&1 Untitled");
+    EXPECT_TRUE(actions[0]->isCheckable() && !actions[0]->isChecked());
+}
+
+TEST_F(ApplicationMenuTest, NoDocumentIsSaidSo) {
+    documents.clear();
+    for (int i = 0; i < 2; ++i) {
+        const auto actions = listedDocuments();
+        ASSERT_EQ(actions.size(), 1);
+        EXPECT_EQ(actions[0]->text(), "No &Documents");
+        EXPECT_FALSE(actions[0]->isEnabled());
+        EXPECT_FALSE(actions[0]->isCheckable());
+    }
+}
+
+TEST_F(ApplicationMenuTest, NineDocumentsHaveADigit) {
+    for (int i = 1; i <= 11; ++i)
+        documents.push_back({QStringLiteral("Document %1").arg(i), false, [] {}});
+    const auto actions = listedDocuments();
+    ASSERT_EQ(actions.size(), 11);
+    EXPECT_EQ(actions[8]->text(), "&9 Document 9");
+    EXPECT_EQ(actions[9]->text(), "Document 10");
 }
 
 TEST_F(ApplicationMenuTest, AWindowWithoutItsBarKeepsTheKeys) {

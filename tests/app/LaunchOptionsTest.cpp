@@ -67,9 +67,23 @@ TEST(LaunchOptions, WrongUsageIsOneLineAndExitCodeTwo) {
     }
 }
 
+TEST(LaunchOptions, WhatASessionManagerAddsIsLeftToQt) {
+    const Launch again = launch({"--settings", "my.ini", "-session", "10af_1700_42", "a.scl"});
+    ASSERT_TRUE(again.options) << again.error;
+    EXPECT_EQ(again.options->settingsFile, "my.ini");
+    EXPECT_EQ(again.options->files.size(), 1u);
+    EXPECT_FALSE(launch({"-session"}).options);
+}
+
 TEST(LaunchOptions, HelpAndVersionAreAnswered) {
     EXPECT_EQ(launch({"--version"}).output.rfind("veltrano ", 0), 0u);
-    EXPECT_EQ(launch({"--help"}).output.rfind("Usage: ", 0), 0u);
+    for (const char* option : {"--help", "-h"}) {
+        const std::string help = launch({option}).output;
+        EXPECT_EQ(help.substr(0, help.find('\n')), "Usage: veltrano [options] [FILE...]");
+        for (const char* word : {"--help", "--version", "--input <RECORDING>", "--snapshot <DIR>",
+                                 "--at <SECONDS>", "--appearance <NAME>", "--settings <FILE>"})
+            EXPECT_NE(help.find(word), std::string::npos) << word;
+    }
     EXPECT_EQ(launch({"--help"}).exitCode, 0);
     EXPECT_FALSE(launch({"--help"}).options);
 }

@@ -121,6 +121,45 @@ TEST_F(TunerWindowTest, LightsShowTheNamedImages) {
     }
 }
 
+TEST_F(TunerWindowTest, ReducedMotionRestsTheStrobeAndTheScopeAndNothingElse) {
+    std::vector<std::string> sent;
+    mWindow->setNeighbours(
+        {.scopePeak = [&](float peak) { sent.push_back("peak " + std::to_string(peak)); },
+         .scopeData = [&](const FrameRef& data) { sent.emplace_back(data ? "data" : "no data"); },
+         .pianoNote = [&](int key) { sent.push_back("key " + std::to_string(key)); }});
+    const std::vector<float> samples(100, 0.5f);
+    const Frame frame{samples, samples.size()};
+    const auto show = [&](float level) {
+        mWindow->setStrobeData(FrameRef(FrameRef(), &frame));
+        mWindow->setStrobePeak(level);
+        mWindow->setScopePeak(level);
+        mWindow->setScopeData(FrameRef(FrameRef(), &frame));
+        mWindow->setPianoNote(int(100 * level));
+        mWindow->setMeterCent(100 * level);
+        mWindow->setText(textAt(0), std::to_string(level));
+        return std::exchange(sent, {});
+    };
+    const StrobeView& strobe = *mWindow->outlets().strobe;
+    const TuningMeterView& meter = *mWindow->outlets().meter;
+    mWindow->setMeterEnabled(true);
+    EXPECT_EQ(show(0.25f), (std::vector<std::string>{"peak 0.250000", "data", "key 25"}));
+
+    mWindow->setReducesMotion(true);
+    EXPECT_EQ(std::exchange(sent, {}), std::vector<std::string>{"no data"});
+    EXPECT_EQ(strobe.accessibleValue(), "no signal") << "no picture of a moment stays";
+    const QString before = meter.accessibleValue();
+    EXPECT_EQ(show(0.125f), std::vector<std::string>{"key 12"});
+    EXPECT_EQ(strobe.accessibleValue(), "no signal");
+    EXPECT_EQ(strobe.peak(), 0.25f);
+    EXPECT_NE(meter.accessibleValue(), before);
+    EXPECT_EQ(mWindow->text(textAt(0)), std::to_string(0.125f));
+
+    mWindow->setReducesMotion(false);
+    EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(show(0.25f).size(), 3u);
+    EXPECT_EQ(strobe.accessibleValue(), "signal");
+}
+
 TEST_F(TunerWindowTest, MeterAndStrobeGetWhatTheyAreSent) {
     const TuningMeterView& meter = *mWindow->outlets().meter;
     EXPECT_EQ(meter.accessibleValue(), "off");

@@ -4,6 +4,9 @@
 
 #include "platform/foundation/UserDefaults.h"
 
+#include <QByteArray>
+#include <QDataStream>
+#include <QRect>
 #include <QScreen>
 #include <QStringList>
 #include <QWidget>
@@ -13,14 +16,41 @@ namespace veltrano {
 
 namespace {
 
+constexpr int kSmallest = 24; ///< [pixels] what can still be taken hold of
+
+/// What a frame that is not known before the window is shown may take; no less than Qt leaves free
+/// when it moves a window back.
+constexpr QSize kFrame(2, 22); // [pixels]
+
 std::string keyOf(std::string_view name) { return "veltrano.window." + std::string(name); }
+
+/// Qt believes whatever begins as its own; from a cut text it makes a window of no size.
+bool isPlace(const QByteArray& geometry, const QWidget& window) {
+    if (geometry.size() != window.saveGeometry().size()) return false;
+    QDataStream stream(geometry);
+    quint32 magic = 0, version = 0;
+    QRect frame, normal;
+    stream >> magic >> version >> frame >> normal;
+    const QSize least(kSmallest, kSmallest);
+    return frame.isValid() && normal.size().expandedTo(least) == normal.size();
+}
+
+/// The screen may have been a larger one.
+void fitToScreen(QWidget& window) {
+    if (window.isMaximized() || window.isFullScreen()) return;
+    const QRect available = window.screen()->availableGeometry();
+    window.resize(window.size().boundedTo(available.size() - kFrame));
+}
 
 } // namespace
 
 bool WindowMemory::restore(std::string_view name, QWidget& window) const {
     const auto stored = mDefaults.stringForKey(keyOf(name));
     if (!stored) return false;
-    return window.restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*stored)));
+    const QByteArray geometry = QByteArray::fromBase64(QByteArray::fromStdString(*stored));
+    if (!isPlace(geometry, window) || !window.restoreGeometry(geometry)) return false;
+    fitToScreen(window);
+    return true;
 }
 
 void WindowMemory::keep(std::string_view name, const QWidget& window) {

@@ -11,8 +11,8 @@ namespace veltrano {
 class UserDefaults;
 
 /// Keeps place, size and state of windows in the user defaults, each under a name. Thread: main.
-/// A window that would be off every screen is brought back onto one. Wayland tells no places, so
-/// there only sizes come back.
+/// A window that would be off every screen is brought back onto one, and fits it. Wayland tells no
+/// places, so there only sizes come back.
 class WindowMemory {
 public:
     /// @param defaults outlives this; written to the file with everything else in it

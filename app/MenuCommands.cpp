@@ -3,6 +3,7 @@
 #include "app/MenuCommands.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -41,7 +42,8 @@ CommandHandler* handlerOf(MenuCommand command, const CommandChain& chain) {
 }
 
 void endCellEditing() {
-    const QWidget* focus = QApplication::focusWidget();
+    QWidget* const focus = QApplication::focusWidget();
+    if (auto* number = qobject_cast<QAbstractSpinBox*>(focus)) number->interpretText();
     for (QWidget* at = focus ? focus->parentWidget() : nullptr; at; at = at->parentWidget()) {
         auto* table = qobject_cast<QAbstractItemView*>(at);
         if (!table) continue;

@@ -85,7 +85,7 @@ using CommandChain = std::vector<CommandHandler*>;
 CommandHandler* handlerOf(MenuCommand command, const CommandChain& chain);
 
 /// Ends what is being typed into a cell of a table: the cell takes it over, the table gets the
-/// focus.
+/// focus. A number field takes over its number, too.
 void endCellEditing();
 
 /// Edit commands for whatever text field has the focus: a cell's editor, a name.

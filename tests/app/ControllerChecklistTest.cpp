@@ -54,6 +54,17 @@ TEST_F(ControllerChecklist, AReferencePitchIsShownAndTheReadingWithIt) {
     EXPECT_EQ(text(TunerText::cent), "+11.5");
 }
 
+TEST_F(ControllerChecklist, ANumberThatIsBeingTypedIsTakenOverBeforeACommand) {
+    auto& field = control<NumberField>("mReferencePitchText");
+    field.selectAll();
+    QTest::keyClicks(&field, "442");
+    EXPECT_EQ(desk.rig.preferences.referencePitch(), 440);
+    QTest::keyClick(&field, Qt::Key_G, Qt::ControlModifier); // no command has it
+    EXPECT_EQ(desk.rig.preferences.referencePitch(), 440);
+    QTest::keyClick(&field, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(desk.rig.preferences.referencePitch(), 442);
+}
+
 TEST_F(ControllerChecklist, ATemperamentIsNamedAndTheReadingIsByIt) {
     desk.rig.temperaments.entries[0].cents.fill(20);
     EXPECT_EQ(text(TunerText::tuningName), "Equal Tempered");

@@ -36,6 +36,13 @@ std::optional<CellTable::Ending> endingOf(const QKeyEvent& key) {
     }
 }
 
+/// Whether the key undoes or redoes something, and not in the field itself.
+bool isForDocument(const QKeyEvent& key, const QLineEdit* line) {
+    if (!line) return false;
+    return (key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
+           (key.matches(QKeySequence::Redo) && !line->isRedoAvailable());
+}
+
 /// The field in which a cell is edited.
 class CellDelegate final : public QStyledItemDelegate {
 public:
@@ -56,7 +63,11 @@ public:
 
     /// A value that changes meanwhile does not disturb who is typing.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
-        if (!isTouched(*editor)) QStyledItemDelegate::setEditorData(editor, index);
+        if (isTouched(*editor)) return;
+        auto* line = qobject_cast<QLineEdit*>(editor);
+        const bool isSelected = line && line->hasSelectedText();
+        QStyledItemDelegate::setEditorData(editor, index);
+        if (isSelected) line->selectAll(); // what is typed next still replaces it
     }
 
     /// A text that was not touched is no edit: its digits are fewer than those of its value.
@@ -67,9 +78,16 @@ public:
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress)
+        if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
             return QStyledItemDelegate::eventFilter(object, event);
-        const auto ending = endingOf(*static_cast<QKeyEvent*>(event));
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (isForDocument(key, qobject_cast<QLineEdit*>(object))) {
+            event->ignore(); // it goes on to the menu
+            return true;
+        }
+        if (event->type() == QEvent::ShortcutOverride)
+            return QStyledItemDelegate::eventFilter(object, event);
+        const auto ending = endingOf(key);
         auto* editor = qobject_cast<QWidget*>(object);
         if (!ending || !editor) return QStyledItemDelegate::eventFilter(object, event);
         const QModelIndex at = mEdited;

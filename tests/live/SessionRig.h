@@ -54,7 +54,7 @@ protected:
     QString temperaments() const { return path(".local/share/veltrano/Temperaments/"); }
     QString stretches() const { return path(".local/share/veltrano/Stretches/"); }
 
-    void useSoundServer(const std::string& address) {
+    void setSoundServer(const std::string& address) {
         mEnvironment.insert("PULSE_SERVER", QString::fromStdString(address));
     }
     void launch(QProcess& process, const QStringList& arguments) const {
@@ -105,6 +105,14 @@ protected:
     bool says(const std::string& start) const {
         return accessible::await([&] { return bool(mTree.findByName(start)); });
     }
+    /// Whether a field comes to hold that text.
+    bool showsText(const std::string& text) const {
+        return accessible::await([&] {
+            return bool(mTree.find([&](const AccessibleNode& node) {
+                return node.role() == "text" && node.text() == text;
+            }));
+        });
+    }
     /// Clicks into the middle of something in sight.
     void click(const std::string& name, const std::string& role = {}) const {
         AccessibleNode node;
@@ -135,6 +143,10 @@ protected:
         QFile file(path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+    /// Whether a file comes to hold that.
+    bool becomesFile(const QString& file, const char* part) const {
+        return TestScreen::await([&] { return contents(file).contains(part); });
     }
     QByteArray stored(const char* key) const {
         const QByteArray start = QByteArray("morvane.key.") + key + '=';

@@ -58,11 +58,7 @@ bool TestScreen::start() {
     return awaitFor(10000, [this] { return tool({QStringLiteral("get_desktop")}).has_value(); });
 }
 
-bool TestScreen::shows(const QString& title) const {
-    return tool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                 QStringLiteral("--name"), QStringLiteral("^") + title})
-        .has_value();
-}
+bool TestScreen::shows(const QString& title) const { return !windows(title).isEmpty(); }
 
 QString TestScreen::active() const {
     return tool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")})
@@ -81,7 +77,8 @@ void TestScreen::click(QPoint at) const {
 }
 
 QStringList TestScreen::windows(const QString& title) const {
-    return tool({QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^") + title})
+    return tool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                 QStringLiteral("--name"), QStringLiteral("^") + title})
         .value_or(QString())
         .split(u'\n', Qt::SkipEmptyParts);
 }

@@ -28,7 +28,7 @@ public:
     /// As in DISPLAY; after start().
     const QString& display() const { return mDisplay; }
 
-    /// Whether a window whose title begins so is on the screen.
+    /// Whether a window whose title begins so, a regular expression, is on the screen.
     bool shows(const QString& title) const;
     /// The title of the window with the keyboard focus; empty: none has it.
     QString active() const;
@@ -40,7 +40,7 @@ public:
     void click(QPoint at) const;
     void minimizeActive() const;
 
-    /// Numbers of the windows whose title begins so, those that are not on the screen as well.
+    /// Numbers of the windows on the screen whose title begins so; ".": of all with a title.
     QStringList windows(const QString& title) const;
     void minimize(const QString& window) const;
     void activate(const QString& window) const; ///< brings it back when it is minimized

@@ -123,6 +123,29 @@ TEST_F(EditorControlsTest, TheMenusUndoAndRedoWorkWhileTyping) {
     }
 }
 
+TEST_F(EditorControlsTest, InACellThatNobodyTypedIntoTheyAreTheDocuments) {
+    temperament();
+    addUndoCommands(*document);
+    select(0, kCent);
+    type("3");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(field()) << "Return goes on to the next cell";
+    EXPECT_EQ(document->changeCount(), 1);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(document->changeCount(), 0);
+    QTest::keySequence(QApplication::focusWidget(), QKeySequence::Redo);
+    EXPECT_EQ(document->changeCount(), 1);
+    // What is being typed is the field's.
+    ASSERT_TRUE(field());
+    const QString before = field()->text();
+    type("4");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(document->changeCount(), 1);
+    EXPECT_EQ(field()->text(), before);
+    QTest::keySequence(field(), QKeySequence::Redo);
+    EXPECT_EQ(field()->text(), "4");
+}
+
 TEST_F(EditorControlsTest, OneCellIsSelectedAtATime) {
     stretch();
     select(3, 3);

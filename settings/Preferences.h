@@ -165,6 +165,7 @@ private:
     void saveTuning();
     void saveSoundBack();
     void saveDeviceName(std::string_view key, const NamedDeviceUnit* unit);
+    double readPitch(std::string_view key) const; ///< [Hz]
     int readInRange(std::string_view key, int count, int otherwise) const;
 
     void setCentTable();

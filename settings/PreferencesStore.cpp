@@ -8,6 +8,7 @@
 #include "tuning/PitchClass.h"
 
 #include <array>
+#include <cmath>
 
 namespace veltrano {
 
@@ -64,8 +65,14 @@ int Preferences::readInRange(std::string_view name, int count, int otherwise) co
     return value >= 0 && value < count ? value : otherwise;
 }
 
+/// As the setters do, no pitch is taken that is not a number.
+double Preferences::readPitch(std::string_view name) const {
+    const auto pitch = double(mDefaults.floatForKey(name));
+    return std::isfinite(pitch) ? pitch : 440.0;
+}
+
 void Preferences::readTuning() {
-    mReferencePitch = double(mDefaults.floatForKey(key::kReferencePitch));
+    mReferencePitch = readPitch(key::kReferencePitch);
     mTonic = readInRange(key::kTonic, kPitchClasses, 0);
     mInTuneThreshold = mDefaults.integerForKey(key::kInTuneThreshold);
     setStretchForFileName(mDefaults.stringForKey(key::kStretch).value_or(""));
@@ -76,7 +83,7 @@ void Preferences::readManualMode() {
     mManualMode = mDefaults.boolForKey(key::kManualMode);
     mManualType = mDefaults.integerForKey(key::kManualType);
     mManualNote = readInRange(key::kManualNote, kKeys, kKeyA4);
-    mManualPitch = double(mDefaults.floatForKey(key::kManualPitch));
+    mManualPitch = readPitch(key::kManualPitch);
 }
 
 void Preferences::readSoundBack() {

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cmath>
 
 namespace veltrano {
 namespace {
@@ -265,6 +266,21 @@ TEST_F(PreferencesStore, IndicesThatAFileCannotMeanReadAsTheirDefaults) {
         EXPECT_EQ(settings.manualNote(), test.manualNote);
         EXPECT_FALSE(settings.firstLaunch()) << "something is stored under the key";
     }
+}
+
+TEST_F(PreferencesStore, PitchesThatAreNoNumbersReadAsTheirDefaults) {
+    for (const char* text : {"1e999", "-1e999", "nan", "inf"}) {
+        SCOPED_TRACE(text);
+        write(("morvane.key.ReferencePitch=" + std::string(text) +
+               "\nmorvane.key.ManualPitch=" + text + "\n")
+                  .c_str());
+        const Preferences& settings = start();
+        EXPECT_TRUE(std::isfinite(settings.referencePitch()));
+        EXPECT_TRUE(std::isfinite(settings.manualPitch()));
+    }
+    write("morvane.key.ReferencePitch=1e999\nmorvane.key.ManualPitch=1e999\n");
+    EXPECT_EQ(start().referencePitch(), 440.0);
+    EXPECT_EQ(start().manualPitch(), 440.0);
 }
 
 TEST_F(PreferencesStore, NamesWithCommasAndAccentsComeBack) {

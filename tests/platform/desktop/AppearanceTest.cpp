@@ -39,6 +39,22 @@ TEST_F(AppearanceTest, IsDecidedByTheLightnessOfTheWindowColour) {
     }
 }
 
+TEST_F(AppearanceTest, ADesktopThatWantsItIsFollowed) {
+    Appearance::chooseLike(AppearanceChoice::system);
+    const bool isDesktopDark = Appearance::isDark();
+    const QColor desktops = QGuiApplication::palette().color(QPalette::Window);
+    Appearance::chooseLike(AppearanceChoice::dark);
+    EXPECT_TRUE(Appearance::isDark());
+    Appearance::chooseLike(AppearanceChoice::light);
+    EXPECT_FALSE(Appearance::isDark());
+    // What the desktop's palette has already is left to it.
+    Appearance::chooseLike(isDesktopDark ? AppearanceChoice::dark : AppearanceChoice::light);
+    EXPECT_EQ(QGuiApplication::palette().color(QPalette::Window), desktops);
+    Appearance::chooseLike(isDesktopDark ? AppearanceChoice::light : AppearanceChoice::dark);
+    Appearance::chooseLike(AppearanceChoice::system);
+    EXPECT_EQ(QGuiApplication::palette().color(QPalette::Window), desktops);
+}
+
 TEST_F(AppearanceTest, ChoiceReachesWidgetsThatExist) {
     struct Widget : QWidget {
         void changeEvent(QEvent* event) override {

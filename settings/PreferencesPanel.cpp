@@ -67,6 +67,8 @@ void PreferencesPanel::showPanel() {
     }
     mPrefsPanel->setWindowState(mPrefsPanel->windowState() & ~Qt::WindowMinimized);
     mPrefsPanel->show();
+    // The focus is seen from the start, not only after the first Tab.
+    mPrefsPanel->setAttribute(Qt::WA_KeyboardFocusChange);
     mPrefsPanel->raise();
     mPrefsPanel->activateWindow();
 }

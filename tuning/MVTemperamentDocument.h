@@ -66,6 +66,8 @@ protected:
     void clearValues() override { mTemperament.clearTemperament(); }
     void postEdited() override;
     void updateLibrary(const std::string& path) override;
+    /// What is saved there can be chosen in the settings.
+    std::string folderOfNew() const override { return mLibrary ? mLibrary->folder() : ""; }
 
 private:
     NotificationCenter& mNotifications;

@@ -141,7 +141,7 @@ std::optional<std::string> Document::askForPath(std::string_view title) {
     SavePanel panel;
     panel.title = title;
     panel.type = mFileType;
-    if (!mPath.empty()) panel.folder = mPath.substr(0, mPath.rfind('/'));
+    panel.folder = mPath.empty() ? folderOfNew() : mPath.substr(0, mPath.rfind('/'));
     const std::string extension = "." + mFileType.extension;
     panel.proposedName = mPath.empty() ? displayName() + extension : displayName();
     return askForPath(panel);

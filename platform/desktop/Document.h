@@ -102,6 +102,9 @@ protected:
     virtual bool writeToFile(const std::string& path, std::string_view typeName,
                              const std::string& originalPath, SaveOperation operation);
     virtual void documentDidSave(bool didSave) { static_cast<void>(didSave); }
+    /// Where the panel begins that asks for the first file of a new document; empty: where the
+    /// last panel was left.
+    virtual std::string folderOfNew() const { return {}; }
     /// A function that puts back what the document holds now, bit for bit, also what no file can
     /// keep. It is called, if at all, before anything but a refused load has happened.
     virtual std::function<void()> stateRestorer() = 0;

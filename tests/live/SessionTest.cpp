@@ -151,9 +151,9 @@ void Session::editATemperament() {
     screen->press("alt+n");
     screen->type("My Well");
     screen->press("ctrl+s");
+    ASSERT_TRUE(becomesActive(titled("Save As")));
     picture("save-panel");
-    ASSERT_NO_FATAL_FAILURE(
-        answerPanel("Save As", temperaments() + "My Well", titled("My Well.temperament")));
+    ASSERT_NO_FATAL_FAILURE(answerPanel("Save As", "My Well", titled("My Well.temperament")));
     picture("temperament-saved");
     EXPECT_TRUE(becomesFile(temperaments() + "My Well.temperament", "My Well"));
     EXPECT_TRUE(becomesFile(temperaments() + "My Well.temperament", "12.5"));
@@ -167,8 +167,7 @@ void Session::editAStretch() {
     screen->type("My Stretch");
     picture("stretch-edited");
     screen->press("ctrl+s");
-    ASSERT_NO_FATAL_FAILURE(
-        answerPanel("Save As", stretches() + "My Stretch", titled("My Stretch.stretch")));
+    ASSERT_NO_FATAL_FAILURE(answerPanel("Save As", "My Stretch", titled("My Stretch.stretch")));
     EXPECT_TRUE(becomesFile(stretches() + "My Stretch.stretch", "My Stretch"));
     screen->press("ctrl+w");
     EXPECT_TRUE(disappears("My Stretch.stretch"));

@@ -177,6 +177,23 @@ TEST_F(PanelLayoutTest, TheTabsAreChangedByKeys) {
     EXPECT_EQ(tabs().currentIndex(), 1);
 }
 
+TEST_F(PanelLayoutTest, TheFocusIsSeenFromTheStart) {
+    struct Case {
+        QWidget& control;
+        const char* name;
+    };
+    const Case cases[] = {{*tabs().tabBar(), "tab bar"},
+                          {control("mReferencePitchText"), "reference pitch"},
+                          {control("mInTuneThresholdSlider"), "threshold"}};
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        control("mTuningPopUpButton").setFocus();
+        const QImage without = each.control.grab().toImage();
+        each.control.setFocus();
+        EXPECT_NE(each.control.grab().toImage(), without);
+    }
+}
+
 TEST_F(PanelLayoutTest, NothingIsCutOffOnAnyTab) {
     for (int tab = 0; tab < kTabs; ++tab) {
         tabs().setCurrentIndex(tab);

@@ -62,6 +62,22 @@ TEST_F(DocumentSavingTest, SavedStretchIsListedWithItsOffsets) {
     EXPECT_EQ(contents("S/new.stretch"), stretch.data());
 }
 
+TEST_F(DocumentSavingTest, ANewDocumentIsOfferedTheFolderOfItsLibrary) {
+    MVTemperamentDocument alone{temperamentPorts()};
+    const std::pair<Document*, std::string> cases[] = {
+        {&document, path("T")}, {&stretch, path("S")}, {&alone, ""}};
+    for (const auto& [each, folder] : cases) {
+        panels.savePanels.clear();
+        EXPECT_FALSE(each->saveDocument()) << "cancelled";
+        ASSERT_EQ(panels.savePanels.size(), 1u);
+        EXPECT_EQ(panels.savePanels[0].folder, folder);
+    }
+    // One that has a file stays beside it.
+    ASSERT_TRUE(document.saveToFile(path("x.temperament"), SaveOperation::saveAs));
+    EXPECT_FALSE(document.saveDocumentAs());
+    EXPECT_EQ(panels.savePanels.back().folder + "/x.temperament", path("x.temperament"));
+}
+
 TEST_F(DocumentSavingTest, FilesElsewhereChangeNoLibrary) {
     std::filesystem::create_directories(path("T/sub"));
     ASSERT_TRUE(document.saveToFile(path("T/sub/x.temperament"), SaveOperation::saveAs));

@@ -80,7 +80,7 @@ TEST_F(ApplicationRunTest, ReducedMotionIsRememberedAndChangesNoOtherSetting) {
 
     run([](TunerWindow& tuner) {
         EXPECT_TRUE(item(tuner, "&Reduce Motion").isChecked());
-        const Frame frame{};
+        static const Frame frame{}; // shown until the window goes
         tuner.setStrobeData(FrameRef(FrameRef(), &frame));
         EXPECT_EQ(tuner.outlets().strobe->accessibleValue(), "no signal") << "from the start";
         item(tuner, "&Reduce Motion").trigger();

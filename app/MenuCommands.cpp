@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTextEdit>
 
 namespace veltrano {
 
@@ -16,21 +17,19 @@ namespace {
 struct FocusedText {
     QLineEdit* line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     QPlainTextEdit* plain = qobject_cast<QPlainTextEdit*>(QApplication::focusWidget());
+    QTextEdit* page = qobject_cast<QTextEdit*>(QApplication::focusWidget());
 
-    explicit operator bool() const { return line || plain; }
-    bool isReadOnly() const { return line ? line->isReadOnly() : plain->isReadOnly(); }
-    bool hasSelection() const {
-        return line ? line->hasSelectedText() : plain->textCursor().hasSelection();
+    explicit operator bool() const { return line || plain || page; }
+    bool isReadOnly() const {
+        if (line) return line->isReadOnly();
+        return plain ? plain->isReadOnly() : page->isReadOnly();
     }
+    bool hasSelection() const { return line ? line->hasSelectedText() : cursor().hasSelection(); }
+    void remove() const { line ? line->del() : cursor().removeSelectedText(); }
+
+private:
+    QTextCursor cursor() const { return plain ? plain->textCursor() : page->textCursor(); }
 };
-
-void remove(const FocusedText& text) {
-    if (text.line) {
-        text.line->del();
-    } else {
-        text.plain->textCursor().removeSelectedText();
-    }
-}
 
 } // namespace
 
@@ -72,9 +71,8 @@ std::optional<CommandState> FocusedTextHandler::commandState(MenuCommand command
 
 void FocusedTextHandler::perform(MenuCommand command) {
     const FocusedText text;
-    const auto tell = [&text](const char* operation) {
-        QWidget* widget = text.line ? static_cast<QWidget*>(text.line) : text.plain;
-        QMetaObject::invokeMethod(widget, operation);
+    const auto tell = [](const char* operation) {
+        QMetaObject::invokeMethod(QApplication::focusWidget(), operation);
     };
     switch (command) {
     case MenuCommand::copy:
@@ -90,7 +88,7 @@ void FocusedTextHandler::perform(MenuCommand command) {
         tell("selectAll");
         break;
     case MenuCommand::deleteAll:
-        remove(text);
+        text.remove();
         break;
     default:
         break;

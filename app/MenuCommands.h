@@ -88,7 +88,7 @@ CommandHandler* handlerOf(MenuCommand command, const CommandChain& chain);
 /// focus. A number field takes over its number, too.
 void endCellEditing();
 
-/// Edit commands for whatever text field has the focus: a cell's editor, a name.
+/// Edit commands for whatever text has the focus: a cell's editor, a name, a page of the manual.
 class FocusedTextHandler final : public CommandHandler {
 public:
     std::optional<CommandState> commandState(MenuCommand command) const override;

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QTableWidget>
 #include <QTest>
+#include <QTextBrowser>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -246,6 +247,25 @@ TEST(FocusedTextHandlerTest, EditCommandsBelongToTheFieldWithTheFocus) {
     field.setReadOnly(true);
     EXPECT_FALSE(handler.commandState(MenuCommand::paste)->isEnabled);
     EXPECT_FALSE(handler.commandState(MenuCommand::cut)->isEnabled);
+}
+
+TEST(FocusedTextHandlerTest, APageIsCopiedFromAndNotChanged) {
+    FocusedTextHandler handler;
+    QTextBrowser page;
+    page.setPlainText("Vallotti");
+    page.show();
+    page.activateWindow();
+    page.setFocus();
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::focusWidget(), &page);
+    ASSERT_TRUE(handler.commandState(MenuCommand::copy));
+    EXPECT_FALSE(handler.commandState(MenuCommand::copy)->isEnabled) << "nothing is selected";
+    handler.perform(MenuCommand::selectAll);
+    EXPECT_TRUE(handler.commandState(MenuCommand::copy)->isEnabled);
+    handler.perform(MenuCommand::copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Vallotti");
+    for (const MenuCommand change : {MenuCommand::cut, MenuCommand::paste, MenuCommand::deleteAll})
+        EXPECT_FALSE(handler.commandState(change)->isEnabled) << static_cast<int>(change);
 }
 
 } // namespace

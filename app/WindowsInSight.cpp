@@ -21,12 +21,19 @@ bool WindowsInSight::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Show:
     case QEvent::Hide:
     case QEvent::WindowStateChange:
-        if (std::exchange(mWasInSight, isAnyInSight()) != mWasInSight) mChanged(mWasInSight);
+        tellChange();
         break;
     default:
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void WindowsInSight::tellChange() {
+    const bool isInSight = isAnyInSight();
+    if (isInSight == mWasInSight) return;
+    mWasInSight = isInSight;
+    mChanged(isInSight);
 }
 
 bool WindowsInSight::isAnyInSight() const {

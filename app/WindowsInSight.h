@@ -10,7 +10,7 @@ class QWidget;
 
 namespace veltrano {
 
-/// The application is hidden while none of its tuner and analysis windows is shown unminimised.
+/// The application is hidden while none of its windows is shown unminimised.
 /// Thread: main. Owns: nothing; the windows outlive it or end their watch by going.
 class WindowsInSight final : public QObject {
     Q_OBJECT
@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void tellChange();
     bool isAnyInSight() const;
 
     const std::function<void(bool)> mChanged;

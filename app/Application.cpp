@@ -141,9 +141,9 @@ void Application::showAbout() {
     QMessageBox::about(
         QApplication::activeWindow(), QApplication::translate("veltrano::Application", "About"),
         QApplication::translate("veltrano::Application",
-                                "<h3>Veltrano %1</h3><p>Tunes pianos by ear of the microphone.</p>"
-                                "<p>Free software under the GNU General Public License, version 3 "
-                                "or later. It comes without any warranty.</p>")
+                                "<h3>Veltrano %1</h3><p>Tunes pianos by what the microphone "
+                                "hears.</p><p>Free software under the GNU General Public License, "
+                                "version 3 or later. It comes without any warranty.</p>")
             .arg(QCoreApplication::applicationVersion()));
 }
 

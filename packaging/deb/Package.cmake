@@ -19,7 +19,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "hicolor-icon-theme, pipewire-pulse | pulseaudio, \
-qt6-image-formats-plugins, qt6-speech-speechd-plugin | qt6-speech-flite-plugin, \
+qt6-image-formats-plugins, qt6-speech-speechd-plugin, \
 qt6-translations-l10n, qt6-wayland, speech-dispatcher")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "piano tuner with strobe, needle and numbers")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "\

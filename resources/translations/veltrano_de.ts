@@ -723,7 +723,7 @@
         <translation>Über Veltrano</translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Veltrano %1&lt;/h3&gt;&lt;p&gt;Tunes pianos by ear of the microphone.&lt;/p&gt;&lt;p&gt;Free software under the GNU General Public License, version 3 or later. It comes without any warranty.&lt;/p&gt;</source>
+        <source>&lt;h3&gt;Veltrano %1&lt;/h3&gt;&lt;p&gt;Tunes pianos by what the microphone hears.&lt;/p&gt;&lt;p&gt;Free software under the GNU General Public License, version 3 or later. It comes without any warranty.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;Veltrano %1&lt;/h3&gt;&lt;p&gt;Klaviere stimmen nach dem, was das Mikrofon hört.&lt;/p&gt;&lt;p&gt;Freie Software unter der GNU General Public License, Version 3 oder später. Ohne jede Gewähr.&lt;/p&gt;</translation>
     </message>
 </context>

@@ -21,6 +21,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kRefused = 1; ///< the input or the installation was refused
 constexpr std::string_view kReduceMotion = "veltrano.ReduceMotion";
+constexpr int kListeningCheckMilliseconds = 10000;
 /// A moment that was printed with a frame is that frame's, whatever the rounding on its way.
 constexpr double kSameMoment = 1e-6; ///< [s]
 
@@ -211,8 +212,7 @@ std::string Application::nameOfRecording() const {
 int Application::runWindow(const std::function<void()>& willListen) {
     mWindows->restoreGeometry();
     mController->applicationDidFinishLaunching();
-    mIdleInhibitor = std::make_unique<IdleInhibitor>();
-    mIdleInhibitor->setInhibits(true);
+    keepAwakeWhileListening();
     followColorScheme();
     if (mRecording) {
         mFrameWatch->writeReadings(writeToStandardOutput);
@@ -284,12 +284,23 @@ int Application::writeSnapshot() {
 
 void Application::followVisibility(bool isAnyInSight) {
     if (!mController || !mIdleInhibitor || mIsTerminated) return; // starting or ending
-    mIdleInhibitor->setInhibits(isAnyInSight);
     if (isAnyInSight) {
         mController->applicationDidUnhide();
     } else {
         mController->applicationDidHide();
     }
+    mIdleInhibitor->setInhibits(mController->inputUnit().isRunning());
+}
+
+/// Devices come and go by themselves; a desktop waits minutes before it takes a user for gone.
+void Application::keepAwakeWhileListening() {
+    mIdleInhibitor = std::make_unique<IdleInhibitor>();
+    const auto follow = [this] {
+        mIdleInhibitor->setInhibits(mController->inputUnit().isRunning());
+    };
+    follow();
+    QObject::connect(&mListeningCheck, &QTimer::timeout, mIdleInhibitor.get(), follow);
+    mListeningCheck.start(kListeningCheckMilliseconds);
 }
 
 /// Whoever asks may be a window that is closed on the way, so it is done from the event loop.

@@ -34,6 +34,7 @@
 #include "settings/Preferences.h"
 #include "settings/PreferencesPanel.h"
 
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -73,6 +74,7 @@ private:
     void furnishWindows();
     void furnishPanel(QWidget& window);
     void followVisibility(bool isAnyInSight);
+    void keepAwakeWhileListening();
     void followColorScheme();
     void setReducesMotion(bool reduces);
     void showAbout();
@@ -105,7 +107,8 @@ private:
     std::unique_ptr<WindowDesk> mWindows;
     DocumentDesk mDocuments;
     SoundSettings mSoundSettings{*mPanels};
-    std::unique_ptr<IdleInhibitor> mIdleInhibitor;    ///< null for pictures
+    std::unique_ptr<IdleInhibitor> mIdleInhibitor; ///< null for pictures
+    QTimer mListeningCheck;
     std::unique_ptr<DesktopColorScheme> mColorScheme; ///< null unless the system's is followed
     std::unique_ptr<FrameWatch> mFrameWatch;          ///< null without --input
     std::unique_ptr<Controller> mController;

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compiler flags of our own code. Qt and the other libraries come in as system headers.
 add_library(veltrano_flags INTERFACE)
 target_compile_options(veltrano_flags INTERFACE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # veltrano_library(<target> KIND core|plain|views FOLDER <folder> HEADERS ... SOURCES ... LINKS ... PRIVATE_LINKS ...)
 #
 # One library per folder and kind:

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Run by cpack between installing the files and packing them: adds the documents that Debian's policy
 # asks for, compresses them and the manual pages without a time, and gives every file the time of
 # SOURCE_DATE_EPOCH when that is set.

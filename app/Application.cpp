@@ -219,7 +219,7 @@ int Application::runWindow(const std::function<void()>& willListen) {
         mRecording->startRealTime();
     }
     mWindows->tuner().setCloseRequest([this] { quitLater(); });
-    const SessionEnd sessionEnd([this] { endWithSession(); });
+    const SessionEnd sessionEnd([this] { keepState(); }, [] { QCoreApplication::exit(kDone); });
     // Opened from the event loop: what refuses a file asks, and a signal must end the question.
     mMainThread.post([this] { mDocuments.openFiles(mOptions.files); });
     willListen();
@@ -241,17 +241,17 @@ void Application::followColorScheme() {
     });
 }
 
-/// The windows are still as the user left them.
-void Application::terminate() {
-    if (std::exchange(mIsTerminated, true)) return;
+/// The session may end, or go on.
+void Application::keepState() {
     mWindows->keepGeometry();
-    mController->applicationWillTerminate();
+    mController->saveState();
 }
 
-/// The settings are written before the session takes the windows away.
-void Application::endWithSession() {
-    terminate();
-    QCoreApplication::exit(kDone);
+/// The windows are still as the user left them.
+void Application::terminate() {
+    mIsTerminated = true;
+    mWindows->keepGeometry();
+    mController->applicationWillTerminate();
 }
 
 void Application::openFiles(const std::vector<std::string>& files) {

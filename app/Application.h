@@ -79,7 +79,7 @@ private:
     void setReducesMotion(bool reduces);
     void showAbout();
     void quitLater();
-    void endWithSession();
+    void keepState();
     void terminate();
 
     const LaunchOptions mOptions;

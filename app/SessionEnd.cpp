@@ -9,10 +9,11 @@
 
 namespace veltrano {
 
-SessionEnd::SessionEnd(std::function<void()> ends) : mEnds(std::move(ends)) {
+SessionEnd::SessionEnd(std::function<void()> mayEnd, std::function<void()> ends)
+    : mEnds(std::move(ends)) {
     connect(
-        qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager&) { mEnds(); },
-        Qt::DirectConnection);
+        qGuiApp, &QGuiApplication::commitDataRequest, this,
+        [mayEnd = std::move(mayEnd)](QSessionManager&) { mayEnd(); }, Qt::DirectConnection);
     qGuiApp->installEventFilter(this);
 }
 

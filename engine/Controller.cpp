@@ -82,6 +82,10 @@ void Controller::applicationWillTerminate() {
     mAUInputUnit->stop();
     if (mAUOutputUnit) mAUOutputUnit->stop();
     mObservations.clear();
+    saveState();
+}
+
+void Controller::saveState() {
     storeVisibility();
     mPorts.preferences.savePreferences();
 }

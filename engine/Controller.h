@@ -43,6 +43,8 @@ public:
     void awakeFromNib();
     void applicationDidFinishLaunching();
     void applicationWillTerminate();
+    /// Writes the settings as they are, which windows are visible among them; everything goes on.
+    void saveState();
     void applicationDidHide();   ///< stops the input
     void applicationDidUnhide(); ///< starts it again
 

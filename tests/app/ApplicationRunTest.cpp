@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSessionManager>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -106,6 +107,23 @@ TEST_F(ApplicationRunTest, TheEndOfTheSessionWritesTheSettingsAndAsksNothing) {
     });
     EXPECT_EQ(exitCode, 0);
     run([](TunerWindow& tuner) { EXPECT_EQ(tuner.pos(), QPoint(33, 44)); });
+}
+
+TEST_F(ApplicationRunTest, ASessionThatIsSavedHasTheSettingsWrittenAndGoesOn) {
+    const int exitCode = run([this](TunerWindow& tuner) {
+        EXPECT_FALSE(QFile::exists(*mOptions.settingsFile));
+        item(tuner, "Show &Partials").trigger(); // its title until the menu was opened: it hides
+        // Qt's own signal; a session manager cannot be made here, and none of it is looked at.
+        alignas(QSessionManager) unsigned char manager[sizeof(QSessionManager)] = {};
+        emit qGuiApp->commitDataRequest(reinterpret_cast<QSessionManager&>(manager));
+        EXPECT_TRUE(isStored("morvane.key.PianoKeyboard"));
+        EXPECT_TRUE(QFile::exists(*mOptions.settingsFile));
+        EXPECT_FALSE(isStored("morvane.key.Partials"));
+        EXPECT_TRUE(tuner.isVisible());
+        item(tuner, "Hide &Partials").trigger(); // its title when it was seen last: it shows
+    });
+    EXPECT_EQ(exitCode, 42) << "it was still running";
+    EXPECT_TRUE(isStored("morvane.key.Partials")) << "the end writes them again";
 }
 
 TEST_F(ApplicationRunTest, FilesOfALaterStartAreOpenedAndNoneBringsTheTunerToTheFront) {

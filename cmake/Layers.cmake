@@ -90,8 +90,6 @@ function(veltrano_test target)
     endif()
     add_executable(${arg_NAME} ${arg_SOURCES})
     target_link_libraries(${arg_NAME} PRIVATE veltrano_flags ${target} ${arg_LINKS} GTest::gtest)
-    # What is tested is optimised in full; the tests themselves had better be built sooner.
-    target_compile_options(${arg_NAME} PRIVATE $<$<CONFIG:Release>:-O1>)
     if(arg_COMMA_LOCALE)
         target_link_libraries(${arg_NAME} PRIVATE tests_comma_locale_main)
     elseif(NOT arg_LINKS MATCHES "own_main")

@@ -15,12 +15,10 @@ namespace {
 
 Preferences* theSharedInstance = nullptr;
 
-constexpr int kFirstEntry = 2; ///< menu index of a library's first entry
-
 /// The separator is no choice, and without a library there is nothing but index 0.
 template <class Library>
 bool isSelectable(int index, const Library* library) {
-    return index == 0 || (index >= kFirstEntry && library != nullptr);
+    return index == 0 || (index >= Preferences::kFirstEntry && library != nullptr);
 }
 
 /// A file without a name goes by that of the file, as in the libraries' menus.

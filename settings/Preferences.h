@@ -47,6 +47,8 @@ struct PreferencesPorts {
 /// the file name, so that a library that changes between runs still finds the entry.
 class Preferences final : public TuningSettings {
 public:
+    static constexpr int kFirstEntry = 2; ///< index of a library's first entry
+
     explicit Preferences(const PreferencesPorts& ports);
     ~Preferences() override;
     Preferences(const Preferences&) = delete;

@@ -14,21 +14,19 @@ namespace veltrano {
 
 namespace {
 
-constexpr int kFirstEntry = 2; ///< menu index of a library's first entry
-constexpr int kHighestOctave = 8;
 constexpr int kNoteType = 0;
 constexpr int kPitchType = 1;
 
 } // namespace
 
 std::string PreferencesActions::temperamentFileNameAtIndex(int index) const {
-    if (index < kFirstEntry || !mPorts.temperaments) return {};
-    return mPorts.temperaments->temperamentFileNameAtIndex(index - kFirstEntry);
+    if (index < Preferences::kFirstEntry || !mPorts.temperaments) return {};
+    return mPorts.temperaments->temperamentFileNameAtIndex(index - Preferences::kFirstEntry);
 }
 
 std::string PreferencesActions::stretchFileNameAtIndex(int index) const {
-    if (index < kFirstEntry || !mPorts.stretches) return {};
-    return mPorts.stretches->stretchFileNameAtIndex(index - kFirstEntry);
+    if (index < Preferences::kFirstEntry || !mPorts.stretches) return {};
+    return mPorts.stretches->stretchFileNameAtIndex(index - Preferences::kFirstEntry);
 }
 
 void PreferencesActions::referencePitchChanged(double hz) {

@@ -14,7 +14,6 @@ namespace veltrano {
 
 namespace {
 
-constexpr int kHighestOctave = 8;
 constexpr int kPitchRow = 1;
 
 constexpr std::array<const char*, 12> kRootKeyNames{"C", "C#/Db", "D", "D#/Eb", "E", "F", "F#/Gb",

@@ -12,6 +12,8 @@ class Preferences;
 class StretchLibrary;
 class TemperamentLibrary;
 
+constexpr int kHighestOctave = 8; ///< first item of the menu of octaves, which counts down to 0
+
 /// One operation for each field. None of them calls a setter. Thread: main.
 class PreferencesDisplay {
 public:

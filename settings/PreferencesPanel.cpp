@@ -25,8 +25,6 @@ namespace veltrano {
 
 namespace {
 
-constexpr int kHighestOctave = 8;
-
 /// In the order of the waveforms' indices.
 QStringList waveformTitles() {
     return {PreferencesPanel::tr("Sine"), PreferencesPanel::tr("Triangle"),

@@ -289,18 +289,20 @@ void Application::followVisibility(bool isAnyInSight) {
     } else {
         mController->applicationDidHide();
     }
-    mIdleInhibitor->setInhibits(mController->inputUnit().isRunning());
+    followListening();
 }
 
 /// Devices come and go by themselves; a desktop waits minutes before it takes a user for gone.
 void Application::keepAwakeWhileListening() {
     mIdleInhibitor = std::make_unique<IdleInhibitor>();
-    const auto follow = [this] {
-        mIdleInhibitor->setInhibits(mController->inputUnit().isRunning());
-    };
-    follow();
-    QObject::connect(&mListeningCheck, &QTimer::timeout, mIdleInhibitor.get(), follow);
+    QObject::connect(&mListeningCheck, &QTimer::timeout, mIdleInhibitor.get(),
+                     [this] { followListening(); });
     mListeningCheck.start(kListeningCheckMilliseconds);
+    followListening();
+}
+
+void Application::followListening() {
+    mIdleInhibitor->setInhibits(mController->inputUnit().isRunning());
 }
 
 /// Whoever asks may be a window that is closed on the way, so it is done from the event loop.

@@ -75,6 +75,7 @@ private:
     void furnishPanel(QWidget& window);
     void followVisibility(bool isAnyInSight);
     void keepAwakeWhileListening();
+    void followListening();
     void followColorScheme();
     void setReducesMotion(bool reduces);
     void showAbout();

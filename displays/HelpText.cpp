@@ -36,20 +36,13 @@ double contrast(const QColor& a, const QColor& b) {
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-/// A tenth part of @p over on @p under at share 0.1.
-QColor blend(const QColor& over, const QColor& under, float share) {
-    const auto part = [share](float a, float b) { return share * a + (1 - share) * b; };
-    return QColor::fromRgbF(part(over.redF(), under.redF()), part(over.greenF(), under.greenF()),
-                            part(over.blueF(), under.blueF()));
-}
-
 /// The palette's colour of links, moved towards that of the text until it can be read: many a dark
 /// desktop leaves it at pure blue.
 QColor linkColor(const QPalette& palette) {
     QColor color = palette.color(QPalette::Link);
     for (int step = 0; step < 4; ++step) {
         if (contrast(color, palette.color(QPalette::Base)) >= kReadable) break;
-        color = blend(palette.color(QPalette::Text), color, 0.4f);
+        color = Appearance::mixed(palette.color(QPalette::Text), color, 0.4f);
     }
     return color;
 }
@@ -70,7 +63,7 @@ QString styleFor(const QPalette& palette) {
                           "th { background-color: %2; font-weight: 600; }"
                           ".key { background-color: %2; font-weight: 600; }"
                           ".nav { margin-top: 20px; }")
-        .arg(linkColor(palette).name(), blend(text, base, 0.1f).name());
+        .arg(linkColor(palette).name(), Appearance::mixed(text, base, 0.1f).name());
 }
 
 /// The files that can stand for @p path, the best one first.

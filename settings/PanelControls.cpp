@@ -15,25 +15,18 @@
 
 namespace veltrano {
 
-namespace {
-
-QString fromUtf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
-
 void PanelPopUp::clear() { mWidget.clear(); }
 
 void PanelPopUp::addItem(std::string_view title, std::string_view tip) {
-    mWidget.addItem(fromUtf8(title));
-    if (!tip.empty()) mWidget.setItemData(mWidget.count() - 1, fromUtf8(tip), Qt::ToolTipRole);
+    mWidget.addItem(QString::fromUtf8(title));
+    if (!tip.empty())
+        mWidget.setItemData(mWidget.count() - 1, QString::fromUtf8(tip), Qt::ToolTipRole);
 }
 
 void PanelPopUp::addSeparator() { mWidget.insertSeparator(mWidget.count()); }
 
 void PanelPopUp::selectTitle(std::string_view title) {
-    mWidget.setCurrentIndex(mWidget.findText(fromUtf8(title)));
+    mWidget.setCurrentIndex(mWidget.findText(QString::fromUtf8(title)));
 }
 
 void PanelPopUp::selectIndex(int index) {
@@ -68,13 +61,13 @@ void PanelRadioButtons::setEnabled(bool enabled) {
 }
 
 void PanelText::setText(std::string_view text) {
-    mWidget.setText(fromUtf8(text));
-    mDescribed.setAccessibleDescription(fromUtf8(text));
+    mWidget.setText(QString::fromUtf8(text));
+    mDescribed.setAccessibleDescription(QString::fromUtf8(text));
 }
 
 std::string PanelText::text() const { return mWidget.text().toStdString(); }
 
-void PanelText::setTip(std::string_view tip) { mWidget.setToolTip(fromUtf8(tip)); }
+void PanelText::setTip(std::string_view tip) { mWidget.setToolTip(QString::fromUtf8(tip)); }
 
 void PanelText::setHidden(bool hidden) { mWidget.setHidden(hidden); }
 

@@ -37,12 +37,6 @@ QPalette paletteOf(const Colors& c) {
     return palette;
 }
 
-QColor mixed(const QColor& over, const QColor& under, float share) {
-    const auto part = [share](float a, float b) { return share * a + (1 - share) * b; };
-    return QColor::fromRgbF(part(over.redF(), under.redF()), part(over.greenF(), under.greenF()),
-                            part(over.blueF(), under.blueF()));
-}
-
 } // namespace
 
 bool Appearance::isDark() { return isDark(QGuiApplication::palette()); }
@@ -77,6 +71,12 @@ std::optional<AppearanceChoice> Appearance::choiceNamed(QStringView name) {
     if (name == u"light") return AppearanceChoice::light;
     if (name == u"dark") return AppearanceChoice::dark;
     return std::nullopt;
+}
+
+QColor Appearance::mixed(const QColor& over, const QColor& under, float share) {
+    const auto part = [share](float a, float b) { return share * a + (1 - share) * b; };
+    return QColor::fromRgbF(part(over.redF(), under.redF()), part(over.greenF(), under.greenF()),
+                            part(over.blueF(), under.blueF()));
 }
 
 QColor Appearance::captionColor(const QPalette& palette) {

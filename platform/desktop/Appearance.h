@@ -31,6 +31,8 @@ public:
     /// "system", "light" or "dark".
     static std::optional<AppearanceChoice> choiceNamed(QStringView name);
 
+    /// @p share of @p over laid on @p under. @param share 0 ... 1
+    static QColor mixed(const QColor& over, const QColor& under, float share);
     /// For captions: less weight than the text, with a contrast of at least 4.5 : 1 on the palettes
     /// above.
     static QColor captionColor(const QPalette& palette);
